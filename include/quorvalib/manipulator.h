@@ -1,0 +1,63 @@
+// MATIO_Manipulator: holds one material record and answers questions about it by forwarding to
+// the flat Qrv... functions. Methods with a numeric result answer 0.0 (or 0, false, null) when no
+// record is held, where the flat function would give its own null sentinel.
+#ifndef QUORVALIB_MANIPULATOR_H
+#define QUORVALIB_MANIPULATOR_H
+
+#include <quorvalib/export.h>
+#include <quorvalib/record.h>
+
+class QRV_API MATIO_Manipulator {
+public:
+    MATIO_Manipulator();
+    // Releases the held record.
+    ~MATIO_Manipulator();
+    // Copies both fields as they are: the two objects then share one record and each would
+    // release it. Do not copy a manipulator that holds a record.
+    MATIO_Manipulator& operator=(const MATIO_Manipulator& other);
+
+    // Replaces the held record by a generated one (see QrvGetDefaultMaterial). The thermoset
+    // mark becomes visId >= 10, though the generated record has FileType 1.
+    bool GetDefaultMaterial(int visId, int pvtId, bool crystalline, int cpId, int kId,
+                            int fillerId);
+
+    // The held record, null when none is held.
+    const QrvMaterial* GetQrvMaterial();
+    // The thermoset mark of the last load, save or generation; not read from the record.
+    bool IsRIM();
+    // The library's build date as yyyymmdd.
+    long GetMATIO_DllVer();
+
+    // 0.0 when no record is held or its Vis block has no parameters.
+    double GetViscosity(double shearRate, double temperature, double pressure, double conversion);
+
+    int GetFileVer();
+    int GetFileType();
+    int GetLastEditDate();
+    int GetMeasureDate();
+    const char* GetPolymer();
+    const char* GetGradeName();
+    const char* GetProducer();
+    const char* GetComment();
+    const char* GetSource();
+
+    bool IsMetal();
+    bool IsCoolant();
+    bool IsThermoplastic();
+    bool IsThermoset();
+    // These hand a missing record on to the flat tests, which answer false.
+    bool IsIC_Wire();
+    bool IsIC_Chip();
+    bool IsIC_LeadFrame();
+    bool IsIC_Substrate();
+    // Hands a missing record on: "fail".
+    const char* GetMaterialType();
+
+private:
+    bool isRIM;
+    QrvMaterial* Record;
+
+    void hold(QrvMaterial* record);
+};
+
+#endif

@@ -1,0 +1,12 @@
+// quorvalib: the material-data engine. This is the one header a caller includes.
+#ifndef QUORVALIB_QUORVALIB_H
+#define QUORVALIB_QUORVALIB_H
+
+#include <quorvalib/defaults.h>
+#include <quorvalib/export.h>
+#include <quorvalib/manipulator.h>
+#include <quorvalib/properties.h>
+#include <quorvalib/record.h>
+#include <quorvalib/version.h>
+
+#endif
