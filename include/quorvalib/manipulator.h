@@ -31,6 +31,54 @@ public:
     // 0.0 when no record is held or its Vis block has no parameters.
     double GetViscosity(double shearRate, double temperature, double pressure, double conversion);
 
+    // Evaluators: 0.0 when no record is held or the block read has no parameters (Para null),
+    // where the flat function would answer -1.0.
+    // Specific volume at conversion 0.0.
+    double GetSpecificVolume(double pressure, double temperature);
+    // Density at conversion 0.0: the third argument is accepted and ignored.
+    double GetDensity(double pressure, double temperature, double conversion);
+    double GetHeatCapacity(double temperature);
+    double GetThermalConductivity(double temperature);
+    // Guarded on the KN block.
+    double GetConversion(double temperature, double heatingRate, double conversion);
+    // Guarded on the Temp block.
+    double GetNoFlowTemperature();
+
+    // False when no record is held; otherwise whether QrvGetFillerPercent is above 0.0.
+    bool HasFiller();
+    // Null when no record is held, and also when the thermoset mark is set.
+    const char* GetFiberType();
+
+    // These hand a missing record on to the flat functions, whose null-record values apply:
+    // false, 0.0 or -1.0 as each states.
+    bool IsConstantModel(int which);
+    double GetConstantModelValue(int which);
+    double GetElasticModulus();
+    double GetFiberPercent();
+    double GetFiberAspectRatio();
+    double GetLinearShrinkage();
+    double GetCLTEa1_Melt();
+    double GetCLTEa1_Solid();
+    double GetCLTEa2_Melt();
+    double GetCLTEa2_Solid();
+    bool HasViscoelasticData();
+    bool HasOpticData();
+    bool HasCrystallinityData();
+    bool ThermosetHasMech();
+    bool ThermosetHasScorchIndex();
+    double GetMoldTempMax();
+    double GetMoldTempMin();
+    double GetMeltTempMax();
+    double GetMeltTempMin();
+    double GetEjectTemp();
+    double GetFreezeTemp();
+    double GetNonPlastic_Cp();
+    double GetNonPlastic_K();
+    double GetNonPlastic_PR();
+    double GetNonPlastic_EM();
+    double GetNonPlastic_CLTE();
+    double GetNonPlastic_Density();
+
     int GetFileVer();
     int GetFileType();
     int GetLastEditDate();
