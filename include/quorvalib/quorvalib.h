@@ -4,6 +4,7 @@
 
 #include <quorvalib/defaults.h>
 #include <quorvalib/export.h>
+#include <quorvalib/files.h>
 #include <quorvalib/manipulator.h>
 #include <quorvalib/properties.h>
 #include <quorvalib/record.h>
