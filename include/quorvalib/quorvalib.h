@@ -8,5 +8,6 @@
 #include <quorvalib/properties.h>
 #include <quorvalib/record.h>
 #include <quorvalib/version.h>
+#include <quorvalib/vocabulary.h>
 
 #endif
