@@ -9,5 +9,6 @@
 #include <quorvalib/properties.h>
 #include <quorvalib/record.h>
 #include <quorvalib/version.h>
+#include <quorvalib/vocabulary.h>
 
 #endif
