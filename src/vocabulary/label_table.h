@@ -5,14 +5,12 @@
 
 #include <quorvalib/record.h>
 
+#include "record/guard.h"
+
 #include <cstddef>
 #include <initializer_list>
 
 namespace qrv {
-
-// The naming calls have no failure value: a null record throws std::invalid_argument naming the
-// call, before the shared text is touched.
-const QrvMaterial& requireMaterial(const QrvMaterial* material, const char* call);
 
 // A model id and its name.
 struct ModelName {
