@@ -5,6 +5,7 @@
 #include <quorvalib/defaults.h>
 #include <quorvalib/export.h>
 #include <quorvalib/manipulator.h>
+#include <quorvalib/measured.h>
 #include <quorvalib/properties.h>
 #include <quorvalib/record.h>
 #include <quorvalib/version.h>
