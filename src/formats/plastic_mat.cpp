@@ -1,6 +1,7 @@
 // The thermoplastic body: its layout and its measured sections.
 #include "formats/plastic_mat.h"
 
+#include <iterator>
 #include <stdexcept>
 
 namespace {
@@ -31,7 +32,7 @@ constexpr Item kText[] = {
     {Item::Block, QRV_TAG_TEMP, kAlways}, {Item::Block, QRV_TAG_OP, 9008},
 };
 
-const QrvMatLayout kLayout{0, {kBody, std::size(kBody)}, {kText, std::size(kText)}};
+constexpr QrvMatLayout kLayout{0, {kBody, std::size(kBody)}, {kText, std::size(kText)}};
 
 template <typename T>
 T& required(T* object, const char* what) {
