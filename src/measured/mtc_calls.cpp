@@ -11,6 +11,11 @@ namespace {
 constexpr int kListVersion = 1000;
 constexpr int kMTCFileVer = 9010;
 
+CQrvMTCList* listOf(const QrvMaterial* material) {
+    return qrv::withMaterial<CQrvMTCList*>(material, nullptr,
+                                           [](const QrvMaterial& record) { return record.MTC; });
+}
+
 }  // namespace
 
 void QrvAddMTCData(QrvMaterial* material, QRV_MTC* records, int count) {
@@ -27,20 +32,19 @@ void QrvAddMTCData(QrvMaterial* material, QRV_MTC* records, int count) {
 }
 
 void QrvGetMTCInfo(QrvMaterial* material, int& version, int& count) {
-    const CQrvMTCList* list = material ? material->MTC : nullptr;
+    const CQrvMTCList* list = listOf(material);
     version = list ? list->GetVersion() : 0;
     count = list ? list->GetRecordCount() : 0;
 }
 
 QRV_MTC* QrvGetMTCData(QrvMaterial* material, int index) {
-    return qrv::withMaterial<QRV_MTC*>(material, nullptr, [index](const QrvMaterial& record) {
-        return record.MTC ? record.MTC->GetRecord(index) : nullptr;
-    });
+    CQrvMTCList* list = listOf(material);
+    return list ? list->GetRecord(index) : nullptr;
 }
 
 void QrvRemoveAllMTC(QrvMaterial* material) {
     if (!material) return;
-    if (material->MTC) material->MTC->Clear();
+    if (CQrvMTCList* list = listOf(material)) list->Clear();
     // The steps run in order and the last that applies decides, so a material with VE data alone
     // ends at 9005, below the 9007 of one with nothing.
     int version = 9007;

@@ -416,13 +416,15 @@ TEST(PlasticMat, BadSectionCountsFailTheStream) {
     const std::size_t visAt = s.blockAt.at(8) + 12 + 8 * 3;
     const std::size_t pvtAt = visAt + s.sections.at("vis").size();
     const std::size_t mtcAt = pvtAt + s.sections.at("pvt").size();
-    // Curve count, text length and point count of the viscosity section; the record and section
-    // counts of the MTC section.
-    const std::size_t positions[] = {visAt + 12, visAt + 16, visAt + 20 + 9 + 8, mtcAt + 4,
-                                     mtcAt + 16};
-    for (std::size_t at : positions) {
-        for (std::int64_t bad : {std::int64_t{-1}, std::int64_t{2147483647},
-                                 static_cast<std::int64_t>(frame.size() - at - 4) + 1}) {
+    // Curve count, text length and point count of both raw sections (the PVT standard is empty);
+    // the record and section counts of the MTC section. Each with the size of what it counts.
+    const std::pair<std::size_t, std::int64_t> positions[] = {
+        {visAt + 12, 12}, {visAt + 16, 1},      {visAt + 20 + 9 + 8, 16}, {pvtAt + 12, 12},
+        {pvtAt + 16, 1},  {pvtAt + 20 + 8, 16}, {mtcAt + 4, 12},          {mtcAt + 16, 188}};
+    for (const auto& [at, itemBytes] : positions) {
+        const std::int64_t left = static_cast<std::int64_t>(frame.size() - at - 4);
+        for (std::int64_t bad :
+             {std::int64_t{-1}, std::int64_t{2147483647}, left / itemBytes + 1}) {
             Bytes damaged;
             damaged.raw(frame).patch(at, bad);
             CQrvMemoryStream in(qrvtest::readerPart(damaged.str()));
