@@ -143,6 +143,8 @@ CQrvMemoryStream::CQrvMemoryStream() : MemoryBuffer(std::string()), CQrvBinarySt
 CQrvMemoryStream::CQrvMemoryStream(const std::string& bytes)
     : MemoryBuffer(bytes), CQrvBinaryStream(buffer) {}
 
+CQrvFileStream::CQrvFileStream() : CQrvBinaryStream(file) {}
+
 CQrvFileStream::CQrvFileStream(const std::string& path, std::ios::openmode mode)
     : CQrvBinaryStream(file) {
     file.open(path, mode | std::ios::binary);

@@ -82,12 +82,15 @@ public:
     std::string Bytes() const { return buffer.str(); }
 };
 
-// A stream over a file, opened in binary mode with the given mode added.
+// A stream over a file, opened in binary mode with the given mode added; or not yet opened, for
+// an owner that opens and closes the file itself through File().
 class CQrvFileStream : private qrv::detail::FileBuffer, public CQrvBinaryStream {
 public:
+    CQrvFileStream();
     CQrvFileStream(const std::string& path, std::ios::openmode mode);
 
     bool IsOpen() const { return file.is_open(); }
+    std::fstream& File() { return file; }
 };
 
 #endif

@@ -79,11 +79,15 @@ std::uint32_t CQrvPlasticMat::SectionSize(QrvBodyItem::Kind kind) const {
 }
 
 void CQrvPlasticMat::ReadSection(QrvBodyItem::Kind kind) {
-    CQrvMatRawData* raw = curvesOf(*this, kind);
-    raw ? raw->Read() : MTC.Read();
+    if (CQrvMatRawData* raw = curvesOf(*this, kind))
+        raw->Read();
+    else
+        MTC.Read();
 }
 
 void CQrvPlasticMat::WriteSection(QrvBodyItem::Kind kind, CQrvBinaryStream& stream) const {
-    const CQrvMatRawData* raw = curvesOf(*this, kind);
-    raw ? raw->Write(stream) : MTC.Write(stream);
+    if (const CQrvMatRawData* raw = curvesOf(*this, kind))
+        raw->Write(stream);
+    else
+        MTC.Write(stream);
 }

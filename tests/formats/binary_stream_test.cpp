@@ -141,6 +141,15 @@ TEST(BinaryStream, FileStreamWritesAndReads) {
     EXPECT_TRUE(in.ReadText(text));
     EXPECT_EQ(lead, 9051);
     EXPECT_EQ(text, "PP");
+
+    CQrvFileStream later;  // opened by its owner
+    EXPECT_FALSE(later.IsOpen());
+    later.File().open(path, std::ios::in | std::ios::binary);
+    ASSERT_TRUE(later.IsOpen());
+    EXPECT_EQ(later.BytesLeft(), 10u);
+    EXPECT_TRUE(later.ReadInt(lead));
+    EXPECT_EQ(lead, 9051);
+
     std::remove(path.c_str());
     CQrvFileStream missing(path, std::ios::in);
     EXPECT_FALSE(missing.IsOpen());
