@@ -6,6 +6,7 @@
 #include <quorvalib/export.h>
 #include <quorvalib/files.h>
 #include <quorvalib/manipulator.h>
+#include <quorvalib/measured.h>
 #include <quorvalib/properties.h>
 #include <quorvalib/record.h>
 #include <quorvalib/version.h>
