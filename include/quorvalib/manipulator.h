@@ -101,6 +101,23 @@ public:
     // Hands a missing record on: "fail".
     const char* GetMaterialType();
 
+    // The content dump of the held record, thermoset when the thermoset mark is set; null when
+    // no record is held or the dump cannot be formed (see QrvGetContent).
+    const char* GetContent();
+    // Names of the held record's models (see the Qrv...ModelName calls). They hand a missing
+    // record on, and those calls throw std::invalid_argument for it.
+    const char* GetVisModelName();
+    const char* GetPVTModelName();
+    const char* GetCpModelName();
+    const char* GetKModelName();
+    const char* GetMechModelName();
+    const char* GetConvModelName();
+    const char* GetVEModelName();
+    // QrvGetCrystallinityModelName of the held record.
+    const char* GetCrystallinityName();
+    // Hands a missing record on: "fail".
+    const char* GetMFIString();
+
 private:
     bool isRIM;
     QrvMaterial* Record;

@@ -9,6 +9,10 @@
 
 namespace qrv {
 
+// For calls whose original had no null test and that have no failure value of their own: a null
+// record throws std::invalid_argument naming the call, before anything is touched.
+const QrvMaterial& requireMaterial(const QrvMaterial* material, const char* call);
+
 template <typename Result, typename Body>
 inline Result withMaterial(const QrvMaterial* material, Result sentinel, Body&& body) {
     return material ? std::forward<Body>(body)(*material) : sentinel;

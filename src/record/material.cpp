@@ -1,6 +1,10 @@
 // Construction, assignment and release of the material record.
 #include "record/material_internal.h"
 
+#include <quorvalib/measured.h>
+
+#include "measured/mtc_list.h"
+
 #include <algorithm>
 #include <cstring>
 #include <stdexcept>
@@ -37,6 +41,12 @@ QrvMaterial::~QrvMaterial() {
         delete[](this->*text);
         this->*text = nullptr;
     }
+    delete VisRaw;  // virtual destructors
+    VisRaw = nullptr;
+    delete PVTRaw;
+    PVTRaw = nullptr;
+    delete MTC;
+    MTC = nullptr;
     // The blocks free their own arrays as members, PW first and Vis last.
 }
 
@@ -70,6 +80,12 @@ void QrvReleaseMaterial(QrvMaterial* material) {
             block.Para = nullptr;
         }
     }
+    delete material->VisRaw;
+    material->VisRaw = nullptr;
+    delete material->PVTRaw;
+    material->PVTRaw = nullptr;
+    delete material->MTC;
+    material->MTC = nullptr;
     delete material;
 }
 

@@ -28,6 +28,25 @@ int main() {
     check(std::fabs(eta - expected) <= 1e-12 * expected, "viscosity differs");
     QrvReleaseMaterial(material);
 
+    // Measured data through the exported surface: curve limits and the MTC calls.
+    CQrvViscosityData curves;
+    const double x[] = {30.0, 3000.0}, y[] = {2150.0, 205.0};
+    curves.AddCurve(190.0, 2, x, y);
+    check(curves.GetMaxX() == 10000.0 && curves.GetMinY() == 100.0, "curve limits");
+    check(curves.GetDataSize() == 20 + 12 + 16 * 2, "curve data size");
+    QrvMaterial* withMTC = QrvGetDefaultMaterial(4, 5, false, 3, 2, 1);
+    QrvMTCSection section = {1, 3, 1, {0.5}};
+    double temperature = 170.0;
+    QRV_MTC record = {2, 0, 1, &section, &temperature};
+    QrvAddMTCData(withMTC, &record, 1);
+    int mtcVersion = 0, mtcCount = 0;
+    QrvGetMTCInfo(withMTC, mtcVersion, mtcCount);
+    check(mtcVersion == 1000 && mtcCount == 1 && QrvGetFileVer(withMTC) == 9010, "MTC added");
+    check(QrvGetMTCData(withMTC, 0)->Sections[0].Parameters[0] == 0.5, "MTC copy");
+    QrvRemoveAllMTC(withMTC);
+    check(QrvGetFileVer(withMTC) == 9007, "MTC removed");
+    QrvReleaseMaterial(withMTC);
+
     MATIO_Manipulator manipulator;
     check(manipulator.GetViscosity(1.0, 200.0, 0.0, 0.0) == 0.0, "empty manipulator answers");
     check(manipulator.GetDefaultMaterial(12, 0, false, 0, 0, 0), "thermoset generation");

@@ -1,0 +1,33 @@
+// Any bytes as the body of a material frame: the first byte picks the class. The read must not
+// fault, throw or allocate past the stream, and the object must then measure what it writes.
+#include <cstdint>
+#include <cstdlib>
+#include <memory>
+#include <string>
+
+#include "formats/binary_stream.h"
+#include "formats/nonpoly_mat.h"
+#include "formats/plastic_mat.h"
+#include "formats/rim_mat.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    if (size < 1) return 0;
+    CQrvMemoryStream in(std::string(reinterpret_cast<const char*>(data) + 1, size - 1));
+    std::unique_ptr<CQrvMatBase> object;
+    switch (data[0] % 3) {
+        case 0:
+            object = std::make_unique<CQrvPlasticMat>(&in);
+            break;
+        case 1:
+            object = std::make_unique<CQrvRIMMat>(&in);
+            break;
+        default:
+            object = std::make_unique<CQrvNonPolyMat>(&in);
+            break;
+    }
+    object->Read();
+    CQrvMemoryStream out;
+    object->WriteTo(out);
+    if (out.Bytes().size() != object->GetSize() + 4u) std::abort();
+    return 0;
+}

@@ -1,0 +1,11 @@
+#include "vocabulary/label_table.h"
+
+#include "vocabulary/name_text.h"
+
+namespace qrv {
+
+const char* keepNameText() {
+    return QrvNameText().c_str();
+}
+
+}  // namespace qrv

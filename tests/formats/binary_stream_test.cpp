@@ -1,0 +1,158 @@
+// The byte stream: encodings, reading past the end and the bounds on counts and lengths.
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <cstdio>
+#include <string>
+
+#include "formats/binary_stream.h"
+#include "support/byte_builder.h"
+
+using qrvtest::Bytes;
+
+TEST(BinaryStream, WordsAreLittleEndian) {
+    CQrvMemoryStream out;
+    out.WriteInt(0x01020304);
+    out.WriteInt(-2);
+    EXPECT_EQ(out.Bytes(), std::string("\x04\x03\x02\x01\xfe\xff\xff\xff", 8));
+}
+
+TEST(BinaryStream, RealsAreLittleEndianBinary64) {
+    CQrvMemoryStream out;
+    out.WriteDouble(1.0);   // 0x3FF0000000000000
+    out.WriteDouble(-2.5);  // 0xC004000000000000
+    EXPECT_EQ(out.Bytes(), std::string("\0\0\0\0\0\0\xf0\x3f\0\0\0\0\0\0\x04\xc0", 16));
+    CQrvMemoryStream in(out.Bytes());
+    double a = 0, b = 0;
+    EXPECT_TRUE(in.ReadDouble(a));
+    EXPECT_TRUE(in.ReadDouble(b));
+    EXPECT_EQ(a, 1.0);
+    EXPECT_EQ(b, -2.5);
+}
+
+TEST(BinaryStream, TextIsALengthWordAndBytes) {
+    CQrvMemoryStream out;
+    out.WriteText("PP");
+    out.WriteText("");
+    EXPECT_EQ(out.Bytes(), std::string("\x02\0\0\0PP\0\0\0\0", 10));
+}
+
+TEST(BinaryStream, EmbeddedNulCutsTheTextAndKeepsTheStreamInStep) {
+    CQrvMemoryStream in(Bytes().text(std::string("AB\0CD", 5)).word(42).str());
+    std::string text = "old";
+    std::int32_t length = 0, next = 0;
+    EXPECT_TRUE(in.ReadText(text, &length));
+    EXPECT_EQ(text, "AB");
+    EXPECT_EQ(length, 5);
+    EXPECT_TRUE(in.ReadInt(next));
+    EXPECT_EQ(next, 42);
+}
+
+TEST(BinaryStream, ReadingPastTheEndKeepsTheTarget) {
+    CQrvMemoryStream in(std::string("\x07\0\0\0\x01\x02", 6));
+    std::int32_t value = 0;
+    EXPECT_TRUE(in.ReadInt(value));
+    EXPECT_EQ(value, 7);
+    EXPECT_FALSE(in.ReadInt(value));  // two bytes left
+    EXPECT_EQ(value, 7);
+    EXPECT_TRUE(in.Failed());
+    double real = 3.5;
+    EXPECT_FALSE(in.ReadDouble(real));
+    EXPECT_EQ(real, 3.5);
+    std::string text = "kept";
+    EXPECT_FALSE(in.ReadText(text));
+    EXPECT_EQ(text, "kept");
+    EXPECT_EQ(in.BytesLeft(), 0u);
+}
+
+TEST(BinaryStream, BadLengthsFailTheStream) {
+    for (std::int64_t bad : {std::int64_t{-1}, std::int64_t{-2147483647 - 1},
+                             std::int64_t{2147483647}, std::int64_t{9}}) {
+        // Eight bytes follow the length, so 9 is just too large.
+        CQrvMemoryStream in(Bytes().word(bad).raw("ABCD").word(9).str());
+        std::string text = "kept";
+        std::int32_t length = -77;
+        EXPECT_FALSE(in.ReadText(text, &length));
+        EXPECT_EQ(text, "kept");
+        EXPECT_EQ(length, -77);
+        EXPECT_TRUE(in.Failed());
+        std::int32_t after = 3;
+        EXPECT_FALSE(in.ReadInt(after));  // later reads fail silently
+        EXPECT_EQ(after, 3);
+    }
+    CQrvMemoryStream fits(Bytes().word(4).raw("ABCD").str());
+    std::string text;
+    EXPECT_TRUE(fits.ReadText(text));
+    EXPECT_EQ(text, "ABCD");
+}
+
+TEST(BinaryStream, BadCountsFailTheStream) {
+    // Sixteen bytes follow the count: two items of 8 fit, three do not.
+    const std::string tail(16, '\0');
+    for (std::int64_t bad : {std::int64_t{-1}, std::int64_t{2147483647}, std::int64_t{3}}) {
+        CQrvMemoryStream in(Bytes().word(bad).raw(tail).str());
+        std::int32_t count = 11;
+        EXPECT_FALSE(in.ReadCount(count, 8));
+        EXPECT_EQ(count, 11);
+        EXPECT_TRUE(in.Failed());
+    }
+    CQrvMemoryStream in(Bytes().word(2).raw(tail).str());
+    std::int32_t count = 11;
+    EXPECT_TRUE(in.ReadCount(count, 8));
+    EXPECT_EQ(count, 2);
+    EXPECT_EQ(in.BytesLeft(), 16u);
+}
+
+TEST(BinaryStream, ScanReadsWhiteSpaceSeparatedNumbers) {
+    CQrvMemoryStream in(std::string("12 -3 2.5e3 4 x"));
+    std::int32_t a = 0, b = 0, count = 0;
+    double c = 0;
+    EXPECT_TRUE(in.ScanInt(a));
+    EXPECT_TRUE(in.ScanInt(b));
+    EXPECT_TRUE(in.ScanDouble(c));
+    EXPECT_FALSE(in.ScanCount(count));  // 4 values cannot fit in the 2 characters left
+    EXPECT_EQ(count, 0);
+    EXPECT_EQ(a, 12);
+    EXPECT_EQ(b, -3);
+    EXPECT_EQ(c, 2500.0);
+    CQrvMemoryStream bad(std::string("abc"));
+    std::int32_t kept = 5;
+    EXPECT_FALSE(bad.ScanInt(kept));
+    EXPECT_EQ(kept, 5);
+    CQrvMemoryStream negative(std::string("-1 1 1"));
+    EXPECT_FALSE(negative.ScanCount(kept));
+    EXPECT_EQ(kept, 5);
+}
+
+TEST(BinaryStream, FileStreamWritesAndReads) {
+    const std::string path = ::testing::TempDir() + "qrv_binary_stream_test.bin";
+    {
+        CQrvFileStream out(path, std::ios::out | std::ios::trunc);
+        ASSERT_TRUE(out.IsOpen());
+        out.WriteInt(9051);
+        out.WriteText("PP");
+    }
+    EXPECT_EQ(qrvtest::readFile(path), Bytes().word(9051).text("PP").str());
+    CQrvFileStream in(path, std::ios::in);
+    std::int32_t lead = 0;
+    std::string text;
+    EXPECT_TRUE(in.ReadInt(lead));
+    EXPECT_EQ(in.BytesLeft(), 6u);
+    EXPECT_TRUE(in.ReadText(text));
+    EXPECT_EQ(lead, 9051);
+    EXPECT_EQ(text, "PP");
+
+    CQrvFileStream later;  // opened by its owner
+    EXPECT_FALSE(later.IsOpen());
+    later.File().open(path, std::ios::in | std::ios::binary);
+    ASSERT_TRUE(later.IsOpen());
+    EXPECT_EQ(later.BytesLeft(), 10u);
+    EXPECT_TRUE(later.ReadInt(lead));
+    EXPECT_EQ(lead, 9051);
+
+    std::remove(path.c_str());
+    CQrvFileStream missing(path, std::ios::in);
+    EXPECT_FALSE(missing.IsOpen());
+    EXPECT_FALSE(missing.ReadInt(lead));
+    EXPECT_EQ(lead, 9051);
+}

@@ -1,0 +1,78 @@
+// The system locale name and the guard that switches to it around an open.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <locale>
+#include <string>
+
+#include "formats/locale_guard.h"
+#include "locale/qrv_locale.h"
+
+namespace {
+
+// Sets an environment variable for the life of the object.
+class EnvVar {
+public:
+    EnvVar(const char* name, const char* value) : name_(name) {
+        if (const char* old = std::getenv(name)) old_ = old, had_ = true;
+        setenv(name, value, 1);
+    }
+    ~EnvVar() {
+        if (had_) {
+            setenv(name_.c_str(), old_.c_str(), 1);
+        } else {
+            unsetenv(name_.c_str());
+        }
+    }
+
+private:
+    std::string name_, old_;
+    bool had_ = false;
+};
+
+}  // namespace
+
+TEST(SystemLocale, NamesTheEnvironmentsLocale) {
+    EnvVar all("LC_ALL", "C");
+    CQRVLocale locale;
+    EXPECT_STREQ(locale.GetSystemDefaultLocale(), "C");
+}
+
+TEST(SystemLocale, UnknownLocaleFallsBackToC) {
+    EnvVar all("LC_ALL", "xx_NOWHERE.UTF-99");
+    CQRVLocale locale;
+    EXPECT_STREQ(locale.GetSystemDefaultLocale(), "C");
+}
+
+TEST(SystemLocale, NameIsAcceptedByAStandardLocale) {
+    CQRVLocale locale;
+    EXPECT_NO_THROW(std::locale(locale.GetSystemDefaultLocale()));
+}
+
+TEST(LocaleGuard, SwitchesForItsLifeAndRestores) {
+    EnvVar all("LC_ALL", "C");
+    std::locale::global(std::locale::classic());
+    const std::string before = std::locale().name();
+    {
+        qrv::LocaleGuard guard;
+        CQRVLocale system;
+        EXPECT_EQ(std::locale().name(), system.GetSystemDefaultLocale());
+    }
+    EXPECT_EQ(std::locale().name(), before);
+}
+
+// A caller's own global locale, whatever it is, comes back after the guard.
+TEST(LocaleGuard, RestoresACallersCustomLocale) {
+    struct Comma : std::numpunct<char> {
+        char do_decimal_point() const override { return ','; }
+    };
+    const std::locale custom(std::locale::classic(), new Comma);
+    std::locale::global(custom);
+    {
+        EnvVar all("LC_ALL", "C");
+        qrv::LocaleGuard guard;
+        EXPECT_EQ(std::use_facet<std::numpunct<char>>(std::locale()).decimal_point(), '.');
+    }
+    EXPECT_EQ(std::use_facet<std::numpunct<char>>(std::locale()).decimal_point(), ',');
+    std::locale::global(std::locale::classic());
+}

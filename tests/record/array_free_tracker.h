@@ -1,0 +1,14 @@
+// Counts how often one watched array is handed to operator delete[]. The test program replaces
+// the global array allocation functions (array_free_tracker.cpp) so that the library's frees are
+// seen too.
+#ifndef QRV_TESTS_RECORD_ARRAY_FREE_TRACKER_H
+#define QRV_TESTS_RECORD_ARRAY_FREE_TRACKER_H
+
+namespace qrvtest {
+
+void watchArray(const void* pointer);
+int watchedArrayFrees();
+
+}  // namespace qrvtest
+
+#endif
