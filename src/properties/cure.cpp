@@ -56,8 +56,8 @@ const double* kineticValues(const QrvMaterial& m) {
 }
 
 // Truncation to int as the counts of the ramp take it. A value that does not fit an int (or is
-// not a number) gives INT_MIN, which is what the conversion instruction of the original targets
-// answers; a substep count of INT_MIN skips its section instead of running without end.
+// not a number) gives INT_MIN, as the x86 truncating conversion does; a substep count of INT_MIN
+// skips its section instead of running for billions of substeps.
 int truncateCount(double value) {
     if (!(value > static_cast<double>(INT_MIN) - 1.0 && value < static_cast<double>(INT_MAX) + 1.0))
         return INT_MIN;

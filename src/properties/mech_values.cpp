@@ -121,9 +121,10 @@ int QrvGetStressStrainSet(QrvMaterial* material) {
 
 void QrvGetStressStrainData(QrvMaterial* material, int index, double& stress, double& strain) {
     constexpr int kFixedWireValues = 7;
-    if (!material || !material->Mech.Para || index < 0 ||
-        material->Mech.Count - kFixedWireValues - 1 <= 2LL * index)
+    const QrvMatParam& mech = qrv::requireMaterial(material, "QrvGetStressStrainData").Mech;
+    const long long first = 2LL * index + kFixedWireValues;
+    if (!mech.Para || index < 0 || first + 1 >= mech.Count)
         throw std::invalid_argument("QrvGetStressStrainData: no such stress-strain pair");
-    stress = material->Mech.Para[2 * index + kFixedWireValues];
-    strain = material->Mech.Para[2 * index + kFixedWireValues + 1];
+    stress = mech.Para[first];
+    strain = mech.Para[first + 1];
 }

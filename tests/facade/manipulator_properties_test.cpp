@@ -48,7 +48,7 @@ TEST(ManipulatorProperties, EmptyObjectHandsTheNullOnToTheFlatFunctions) {
     EXPECT_FALSE(m.HasCrystallinityData());
     EXPECT_FALSE(m.ThermosetHasMech());
     EXPECT_FALSE(m.ThermosetHasScorchIndex());
-    // The original had no guard here; the flat functions answer their miss value.
+    // No guard of the class's own here: the flat functions answer their miss value.
     EXPECT_EQ(m.GetMoldTempMax(), -1.0);
     EXPECT_EQ(m.GetMoldTempMin(), -1.0);
     EXPECT_EQ(m.GetMeltTempMax(), -1.0);
