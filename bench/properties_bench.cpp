@@ -155,8 +155,19 @@ void BM_ConversionRamp(benchmark::State& state) {
     }
 }
 
+// The cost of reaching the library at all: a field reader that does nothing but test and load.
+void BM_CallIntoLibrary(benchmark::State& state) {
+    RecordPtr record = defaultRecord(1, 1, false, 1);
+    for (auto _ : state) {
+        QrvMaterial* material = record.get();
+        benchmark::DoNotOptimize(material);
+        benchmark::DoNotOptimize(QrvGetFileVer(material));
+    }
+}
+
 }  // namespace
 
+BENCHMARK(BM_CallIntoLibrary);
 BENCHMARK(BM_SpecificVolumeModel5);
 BENCHMARK(BM_SpecificVolumeModel5Inline);
 BENCHMARK(BM_SpecificVolumeModel7);
