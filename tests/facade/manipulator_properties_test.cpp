@@ -7,12 +7,12 @@
 
 #include <quorvalib/quorvalib.h>
 
-#include "support/test_record.h"
+#include "support/material_ptr.h"
 
 namespace {
 
-using qrv::test::setBlock;
-using qrv::test::setNullBlock;
+using qrvtest::setBlock;
+using qrvtest::setNullBlock;
 
 // The held record, changed in place to set up a case.
 QrvMaterial& held(MATIO_Manipulator& manipulator) {

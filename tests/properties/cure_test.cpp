@@ -12,13 +12,13 @@
 #include <quorvalib/quorvalib.h>
 
 #include "properties/cure.h"
-#include "support/test_record.h"
+#include "support/material_ptr.h"
 
 namespace {
 
-using qrv::test::makeRecord;
-using qrv::test::setBlock;
-using qrv::test::setNullBlock;
+using qrvtest::makeRecord;
+using qrvtest::setBlock;
+using qrvtest::setNullBlock;
 
 struct Kinetics {
     double m, n, A, B, Ta, Tb;
@@ -126,7 +126,7 @@ double conversion(const Kinetics& k, double t, double beta, double x0) {
     return 1e-10 > beta ? isothermal(k, t, x0) : ramp(k, t, beta, x0);
 }
 
-qrv::test::Record thermoset(const Kinetics& k, int model = 2) {
+qrvtest::MaterialPtr thermoset(const Kinetics& k, int model = 2) {
     auto record = makeRecord(QRV_TYPE_THERMOSET);
     setBlock(record->KN, model, {k.m, k.n, k.A, k.B, k.Ta, k.Tb, 5.4e8});
     return record;
@@ -318,7 +318,7 @@ TEST(Conversion, GeneratedThermosetCures) {
 
 // ---- no-flow temperature ----
 
-qrv::test::Record withTemperatures(int fileVer, int pvtModel) {
+qrvtest::MaterialPtr withTemperatures(int fileVer, int pvtModel) {
     auto record = makeRecord();
     record->FileVer = fileVer;
     setBlock(record->Temp, 2, {200, 225, 250, 40, 60, 80, 88, 130});

@@ -7,13 +7,13 @@
 
 #include <quorvalib/quorvalib.h>
 
-#include "support/test_record.h"
+#include "support/material_ptr.h"
 
 namespace {
 
-using qrv::test::makeRecord;
-using qrv::test::setBlock;
-using qrv::test::setNullBlock;
+using qrvtest::makeRecord;
+using qrvtest::setBlock;
+using qrvtest::setNullBlock;
 
 const double kNaN = std::numeric_limits<double>::quiet_NaN();
 
@@ -150,7 +150,7 @@ TEST(HeatTable, ConductivityReadsItsOwnBlock) {
 
 // ---- non-plastic values ----
 
-qrv::test::Record metal() {
+qrvtest::MaterialPtr metal() {
     auto record = makeRecord(QRV_TYPE_METAL);
     setBlock(record->Cp, 1, {4.6e6});
     setBlock(record->K, 1, {5.2e6});

@@ -11,13 +11,13 @@
 
 #include <quorvalib/quorvalib.h>
 
-#include "support/test_record.h"
+#include "support/material_ptr.h"
 
 namespace {
 
-using qrv::test::makeRecord;
-using qrv::test::setBlock;
-using qrv::test::setNullBlock;
+using qrvtest::makeRecord;
+using qrvtest::setBlock;
+using qrvtest::setNullBlock;
 
 const double kInf = std::numeric_limits<double>::infinity();
 

@@ -12,13 +12,13 @@
 
 #include <quorvalib/quorvalib.h>
 
-#include "support/test_record.h"
+#include "support/material_ptr.h"
 
 namespace {
 
-using qrv::test::makeRecord;
-using qrv::test::setBlock;
-using qrv::test::setNullBlock;
+using qrvtest::makeRecord;
+using qrvtest::setBlock;
+using qrvtest::setNullBlock;
 
 std::vector<double> places(int count) {
     std::vector<double> values(count);
@@ -27,7 +27,7 @@ std::vector<double> places(int count) {
     return values;
 }
 
-qrv::test::Record withMech(int fileType, int model, int count = 15) {
+qrvtest::MaterialPtr withMech(int fileType, int model, int count = 15) {
     auto record = makeRecord(fileType);
     setBlock(record->Mech, model, places(count));
     return record;

@@ -6,16 +6,7 @@
 #include "record/material_internal.h"
 #include "support/material_ptr.h"
 
-namespace {
-
-qrvtest::MaterialPtr recordOfType(int fileType) {
-    auto material = qrvtest::adopt(new QrvMaterial);
-    QrvInitMaterial(material.get());
-    material->FileType = fileType;
-    return material;
-}
-
-}  // namespace
+using qrvtest::makeRecord;
 
 TEST(Readers, NullRecordGivesZeroAndNull) {
     EXPECT_EQ(QrvGetFileVer(nullptr), 0);
@@ -30,7 +21,7 @@ TEST(Readers, NullRecordGivesZeroAndNull) {
 }
 
 TEST(Readers, GiveTheFieldsWithoutCopy) {
-    auto material = recordOfType(3);
+    auto material = makeRecord(3);
     material->FileVer = 9012;
     material->LastEditDate = 20231231;
     material->MeasureDate = 19991231;
@@ -91,7 +82,7 @@ TEST(TypeTests, EachCodeAnswersItsOwnTestAndText) {
     };
     for (const TypeRow& row : rows) {
         SCOPED_TRACE(row.code);
-        auto material = recordOfType(row.code);
+        auto material = makeRecord(row.code);
         QrvMaterial* m = material.get();
         const std::string expected = row.expectedTrue;
         EXPECT_EQ(QrvIsThermoplastic(m), expected == "thermoplastic");
@@ -113,8 +104,8 @@ TEST(TypeText, NullRecordIsFail) {
 
 // The text lives in one shared buffer that the next naming call overwrites.
 TEST(TypeText, NextCallOverwritesTheSharedText) {
-    auto metal = recordOfType(3);
-    auto wire = recordOfType(9);
+    auto metal = makeRecord(3);
+    auto wire = makeRecord(9);
     const char* first = QrvGetMaterialType(metal.get());
     EXPECT_STREQ(first, "Metal");
     const char* second = QrvGetMaterialType(wire.get());
