@@ -9,6 +9,9 @@
 #include <memory>
 #include <stdexcept>
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include "formats/bank_stream.h"
 #include "formats/binary_stream.h"
 #include "formats/conversions.h"
@@ -40,24 +43,7 @@ MaterialPtr newMaterial() {
     return material;
 }
 
-// The file's first four bytes as a little-endian word; 0 when the file cannot be opened or is
-// shorter.
-std::int32_t readLeadWord(const char* path) {
-    std::ifstream file;
-    {
-        qrv::LocaleGuard guard;
-        file.open(path, std::ios::in | std::ios::binary);
-    }
-    unsigned char bytes[4] = {};
-    if (!file.read(reinterpret_cast<char*>(bytes), sizeof bytes)) return 0;
-    return static_cast<std::int32_t>(
-        static_cast<std::uint32_t>(bytes[0]) | static_cast<std::uint32_t>(bytes[1]) << 8 |
-        static_cast<std::uint32_t>(bytes[2]) << 16 | static_cast<std::uint32_t>(bytes[3]) << 24);
-}
-
-QrvMaterial* loadCurrentForm(const char* path, bool isRIM) {
-    CQrvBankStream bank;
-    if (!bank.OpenFile(path, false)) return nullptr;
+QrvMaterial* loadCurrentForm(CQrvBankStream& bank, bool isRIM) {
     CQrvMatBase* object = bank.LoadMaterial(0);
     if (!object) return nullptr;
     MaterialPtr material = newMaterial();
@@ -68,11 +54,23 @@ QrvMaterial* loadCurrentForm(const char* path, bool isRIM) {
 struct FileCloser {
     void operator()(std::FILE* file) const { std::fclose(file); }
 };
+using File = std::unique_ptr<std::FILE, FileCloser>;
+
+// QrvFileExists without removal and QrvFileHasContent in one open: the file opens for reading and
+// its end lies beyond position 0. A load is mostly system calls, and this saves an open and the
+// read that a buffered seek to the end makes.
+bool opensWithContent(const char* path) {
+    const int descriptor = ::open(path, O_RDONLY);
+    if (descriptor < 0) return false;
+    const off_t end = ::lseek(descriptor, 0, SEEK_END);
+    ::close(descriptor);
+    return end > 0;
+}
 
 // The old form: one block of 2624 bytes. A file that cannot be opened for reading is created
 // empty ("wb+"), as the old reader did; its read then comes up short.
 QrvMaterial* loadLegacyForm(const char* path, bool isRIM) {
-    std::unique_ptr<std::FILE, FileCloser> file(std::fopen(path, "rb"));
+    File file(std::fopen(path, "rb"));
     if (!file) file.reset(std::fopen(path, "wb+"));
     if (!file) return nullptr;
     std::rewind(file.get());
@@ -93,11 +91,17 @@ QrvMaterial* loadLegacyForm(const char* path, bool isRIM) {
 QrvMaterial* loadMaterial(const char* path, bool isRIM) {
     if (nameTooShort(path)) return nullptr;
     // The name as given decides whether there is anything to read, before any mapping.
-    if (!QrvFileExists(path, false) || !QrvFileHasContent(path)) return nullptr;
+    if (!opensWithContent(path)) return nullptr;
     const char* mapped = nullptr;
     if (!QrvMapFileName(path, &mapped)) return nullptr;
-    return isCurrentForm(readLeadWord(mapped)) ? loadCurrentForm(mapped, isRIM)
-                                               : loadLegacyForm(mapped, isRIM);
+    // One open under the locale guard serves the lead word and the frames. The word stays 0 when
+    // the file cannot be opened or is shorter, which sends the load to the old form.
+    CQrvBankStream bank;
+    std::int32_t leadWord = 0;
+    if (bank.OpenFile(mapped, false)) bank.Binary().ReadInt(leadWord);
+    if (isCurrentForm(leadWord)) return loadCurrentForm(bank, isRIM);
+    bank.Close();
+    return loadLegacyForm(mapped, isRIM);
 }
 
 // Steps shared by both saves; checkOpen is the only difference that the result can show.
