@@ -9,9 +9,6 @@
 
 #include "formats/mat_base.h"
 
-// Texts of a record that came through a material object hold at most this many characters.
-constexpr int kQrvStreamTextLimit = 511;
-
 // Fills a record straight from QrvInitMaterial (nothing it holds is freed) from an object that has
 // read itself. FileType becomes the header's TypeWord, corrected to 2 for a TypeWord of 0 when
 // isRIM is set, and otherwise to 3 or 4 for a Polymer of exactly "Metal" or "Coolant". FileVer is
@@ -29,6 +26,9 @@ void QrvMaterialFromStream(QrvMaterial* material, CQrvMatBase* object, bool isRI
 void QrvMaterialToStream(const QrvMaterial* material, CQrvMatBase* object, bool isRIM);
 
 namespace qrv {
+
+// Texts of a record that came through a material object hold at most this many characters.
+constexpr int kStreamTextLimit = 511;
 
 // Null when the record can go into an object of objType; otherwise why not: a null Polymer,
 // Producer, GradeName or Comment, a block that is moved with Count above 0 and a null Para, a

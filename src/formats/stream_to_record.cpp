@@ -163,7 +163,7 @@ void runStep(QrvMaterial& material, CQrvMatBase& object, const Move& move) {
 
 // As through the old 512-byte buffer: at most 511 characters.
 char* boundedText(const std::string& text) {
-    return qrv::newText(text.substr(0, kQrvStreamTextLimit).c_str());
+    return qrv::newText(text.substr(0, qrv::kStreamTextLimit).c_str());
 }
 
 }  // namespace
@@ -176,7 +176,7 @@ void QrvMaterialFromStream(QrvMaterial* material, CQrvMatBase* object, bool isRI
     material->MeasureDate = object->GetDateWord();
     material->LastEditDate = 0;
 
-    const std::string polymer = object->GetPolymer().substr(0, kQrvStreamTextLimit);
+    const std::string polymer = object->GetPolymer().substr(0, qrv::kStreamTextLimit);
     material->Polymer = qrv::newText(polymer.c_str());
     material->FileType = object->GetTypeWord();
     if (isRIM) {
