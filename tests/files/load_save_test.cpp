@@ -273,6 +273,17 @@ TEST(LoadSave, FailedOpenForWritingGivesZeroOnlyInThePlainSave) {
     EXPECT_EQ(QrvSaveMaterial(taken.c_str(), m.get()), 0);
     EXPECT_EQ(QrvSaveMaterialRIM(taken.c_str(), m.get()), 1);
     EXPECT_TRUE(std::filesystem::is_directory(taken));
+    // An empty folder named with a closing "/": it opens for reading and is removed, and then no
+    // file can be created under a name that ends in "/". What stood there is lost.
+    for (bool rim : {false, true}) {
+        const std::string lost = folder.path(rim ? "lost.mtx" : "lost.mtr");
+        std::filesystem::create_directory(lost);
+        const std::string name = lost + "/";
+        EXPECT_EQ(rim ? QrvSaveMaterialRIM(name.c_str(), m.get())
+                      : QrvSaveMaterial(name.c_str(), m.get()),
+                  rim ? 1 : 0);
+        EXPECT_FALSE(std::filesystem::exists(lost));
+    }
     // A folder that does not exist.
     const std::string nowhere = folder.path("no/such/folder.mtr");
     EXPECT_EQ(QrvSaveMaterial(nowhere.c_str(), m.get()), 0);
