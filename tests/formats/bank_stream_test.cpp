@@ -85,6 +85,13 @@ TEST(BankStream, BankOfFourBytesIsEmpty) {
     ASSERT_TRUE(bank.OpenFile(path.c_str(), false));
     EXPECT_EQ(bank.GetMaterialCount(), 0);
     EXPECT_EQ(bank.LoadMaterial(0), nullptr);
+    // Shorter still: no lead word, or not even that.
+    for (const char* bytes : {"\x5b\x23", ""}) {
+        qrvtest::writeFile(path, bytes);
+        ASSERT_TRUE(bank.OpenFile(path.c_str(), false));
+        EXPECT_EQ(bank.GetMaterialCount(), 0);
+        EXPECT_EQ(bank.LoadMaterial(0), nullptr);
+    }
 }
 
 TEST(BankStream, ThreeFramesAreFoundByTheirSizes) {
