@@ -16,6 +16,19 @@ public:
     // release it. Do not copy a manipulator that holds a record.
     MATIO_Manipulator& operator=(const MATIO_Manipulator& other);
 
+    // Loads the material file at path (QrvGetMaterialRIM for a name that QrvIsRIM accepts,
+    // otherwise QrvGetMaterial) in place of the held record, which is released first; the
+    // thermoset mark follows the name. True when a material was loaded; a failed load leaves the
+    // object empty. A path that is null or has 4 characters or fewer gives false and changes
+    // nothing.
+    bool GetMaterial(const char* path);
+
+    // Saves the held record to path (QrvSaveMaterialRIM for a name that QrvIsRIM accepts,
+    // otherwise QrvSaveMaterial) and sets the thermoset mark from the name. True when a save was
+    // attempted, whatever it returned (a failed open too); false, with nothing written, when no
+    // record is held or path is null or has 4 characters or fewer.
+    bool SaveMaterial(const char* path);
+
     // Replaces the held record by a generated one (see QrvGetDefaultMaterial). The thermoset
     // mark becomes visId >= 10, though the generated record has FileType 1.
     bool GetDefaultMaterial(int visId, int pvtId, bool crystalline, int cpId, int kId,

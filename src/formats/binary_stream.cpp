@@ -18,6 +18,15 @@ void encodeWord(std::uint32_t word, char* bytes) {
         bytes[i] = static_cast<char>((word >> (8 * i)) & 0xFFu);
 }
 
+// True when the stream still holds at least bytes. What the buffer already holds answers without a
+// system call; only a larger request measures the rest of the stream, which on a file means
+// seeking and throwing the buffer away.
+bool holds(CQrvBinaryStream& stream, std::uint64_t bytes) {
+    const std::streamsize buffered = stream.Io().rdbuf()->in_avail();
+    if (buffered > 0 && bytes <= static_cast<std::uint64_t>(buffered)) return true;
+    return bytes <= stream.BytesLeft();
+}
+
 }  // namespace
 
 CQrvBinaryStream::CQrvBinaryStream(std::iostream& io) : io_(io) {}
@@ -47,7 +56,7 @@ bool CQrvBinaryStream::ReadDouble(double& value) {
 bool CQrvBinaryStream::ReadCount(std::int32_t& count, std::uint64_t bytesPerItem) {
     std::int32_t read = 0;
     if (!ReadInt(read)) return false;
-    if (read < 0 || static_cast<std::uint64_t>(read) * bytesPerItem > BytesLeft()) {
+    if (read < 0 || !holds(*this, static_cast<std::uint64_t>(read) * bytesPerItem)) {
         Fail();
         return false;
     }
@@ -87,7 +96,7 @@ bool CQrvBinaryStream::ScanCount(std::int32_t& count) {
     std::int32_t read = 0;
     if (!ScanInt(read)) return false;
     // Each value takes at least one character.
-    if (read < 0 || static_cast<std::uint64_t>(read) > BytesLeft()) {
+    if (read < 0 || !holds(*this, static_cast<std::uint64_t>(read))) {
         Fail();
         return false;
     }

@@ -1,15 +1,34 @@
 #include "formats/locale_guard.h"
 
 #include <stdexcept>
+#include <string>
 
 #include "locale/qrv_locale.h"
+
+namespace {
+
+// The locale of a name, built once for the name last asked for: building one reads the system's
+// locale data, and every material file open asks for the same.
+const std::locale& localeNamed(const char* name) {
+    static std::string lastName;
+    static std::locale last = std::locale::classic();
+    static bool known = false;
+    if (!known || lastName != name) {
+        last = std::locale(name);
+        lastName = name;
+        known = true;
+    }
+    return last;
+}
+
+}  // namespace
 
 namespace qrv {
 
 LocaleGuard::LocaleGuard() : saved_(std::locale()) {
     CQRVLocale system;
     try {
-        std::locale::global(std::locale(system.GetSystemDefaultLocale()));
+        std::locale::global(localeNamed(system.GetSystemDefaultLocale()));
     } catch (const std::runtime_error&) {
         // The name came from the system itself; should it still be refused, the open goes on
         // under the caller's locale.

@@ -1,0 +1,78 @@
+// CQrvBankStream: a file of material frames behind a 4-byte lead word, walked by position.
+//
+//   offset 0   lead word (9051 in every file this library writes; never looked at here)
+//   offset 4   frames one behind the other, each ObjSize (int32) and ObjSize bytes
+//
+// There is no count and no index: the number of materials and the place of each follow only from
+// walking the ObjSize words, and a material is addressed by its 0-based position. A single
+// material file of the current form is the same container with one frame.
+//
+// Damaged files. A frame that starts before the end of the file counts, however it ends. A
+// negative ObjSize cannot be walked past, so such a frame counts as reaching the end of the file.
+// A frame whose ObjType is not 0, 1 or 2, or whose ObjType cannot be read, gives no object: the
+// load is null. Reads behind the end of a short frame fail silently (see formats/binary_stream.h).
+#ifndef QRV_FORMATS_BANK_STREAM_H
+#define QRV_FORMATS_BANK_STREAM_H
+
+#include <cstdint>
+#include <fstream>
+#include <memory>
+
+#include "formats/binary_stream.h"
+#include "formats/mat_base.h"
+
+class CQrvBankStream : public std::fstream {
+public:
+    CQrvBankStream();
+    // Destroys the object loaded last, then closes the file as any file stream does.
+    ~CQrvBankStream() override;
+    CQrvBankStream(const CQrvBankStream&) = delete;
+    CQrvBankStream& operator=(const CQrvBankStream&) = delete;
+
+    // Stores the name (not copied: it must outlive the stream) and the mode; opens nothing.
+    void SetFile(const char* name, bool writable);
+
+    // True at once when open. Otherwise opens FileName for reading, and for writing too when
+    // Writable, keeping the content and never creating the file, under the locale guard. False
+    // when the open fails (the stream is then in its failed state).
+    bool Open();
+
+    // Stores name and mode, closes a file that is open, then Open.
+    bool OpenFile(const char* name, bool writable);
+
+    // Closes the file when open; the object loaded last survives.
+    void Close();
+
+    // Number of frames found by walking the ObjSize words from offset 4; 0 when not open.
+    int GetMaterialCount();
+
+    // Walks to the frame at index (a negative index is taken as 0; no range check otherwise),
+    // builds its object on this stream and lets it read itself. The stream keeps the object until
+    // the next load or its own end. Null, with the previous object destroyed, when the frame's
+    // ObjType is unknown or unreadable; null too when the stream is not open.
+    CQrvMatBase* LoadMaterial(int index);
+
+    // Seeks to the end and writes the object's frame there. A null object, or a stream that is not
+    // open, writes nothing.
+    void AppendMaterial(CQrvMatBase* object);
+
+    // The byte stream that the material objects read from and write to.
+    CQrvBinaryStream& Binary() { return Bytes; }
+
+    bool Writable = false;
+    bool IsOpen = false;
+    std::int32_t Version = 9051;  // nothing reads it
+    const char* FileName = "";    // not owned
+
+private:
+    // Reads an ObjSize word and seeks behind its frame. False when the walk cannot go on: the word
+    // could not be read, the frame reaches past the end or its size is negative.
+    bool skipFrame();
+    // Each walk starts from a clean state, whatever a short read of the last one left.
+    void restart();
+
+    CQrvBinaryStream Bytes{*this};
+    std::unique_ptr<CQrvMatBase> Object;  // declared behind Bytes, so destroyed before it
+};
+
+#endif

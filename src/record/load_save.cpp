@@ -1,0 +1,159 @@
+// The file entry points: which form a file has, which name is really opened, what becomes of an
+// existing file, and which value each failure returns.
+#include <quorvalib/files.h>
+
+#include <cstdint>
+#include <cstdio>
+#include <cstring>
+#include <memory>
+#include <stdexcept>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include "formats/bank_stream.h"
+#include "formats/binary_stream.h"
+#include "formats/conversions.h"
+#include "formats/legacy_block.h"
+#include "formats/locale_guard.h"
+#include "record/file_names.h"
+#include "record/material_internal.h"
+
+namespace {
+
+constexpr std::int32_t kLeadWord = 9051;
+constexpr std::size_t kShortestName = 5;
+
+bool nameTooShort(const char* path) {
+    return !path || std::strlen(path) < kShortestName;
+}
+
+// A current-form file has a lead word whose signed remainder by 10000 is 9051 or more; so a
+// negative word never does, and 19051 does.
+bool isCurrentForm(std::int32_t leadWord) {
+    return leadWord % 10000 >= kLeadWord;
+}
+
+using MaterialPtr = std::unique_ptr<QrvMaterial, void (*)(QrvMaterial*)>;
+
+MaterialPtr newMaterial() {
+    MaterialPtr material(new QrvMaterial, QrvReleaseMaterial);
+    QrvInitMaterial(material.get());
+    return material;
+}
+
+QrvMaterial* loadCurrentForm(CQrvBankStream& bank, bool isRIM) {
+    CQrvMatBase* object = bank.LoadMaterial(0);
+    if (!object) return nullptr;
+    MaterialPtr material = newMaterial();
+    QrvMaterialFromStream(material.get(), object, isRIM);
+    return material.release();
+}
+
+struct FileCloser {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using File = std::unique_ptr<std::FILE, FileCloser>;
+
+// QrvFileExists without removal and QrvFileHasContent in one open: the file opens for reading and
+// its end lies beyond position 0. A load is mostly system calls, and this saves an open and the
+// read that a buffered seek to the end makes.
+bool opensWithContent(const char* path) {
+    const int descriptor = ::open(path, O_RDONLY);
+    if (descriptor < 0) return false;
+    const off_t end = ::lseek(descriptor, 0, SEEK_END);
+    ::close(descriptor);
+    return end > 0;
+}
+
+// The old form: one block of 2624 bytes. A file that cannot be opened for reading is created
+// empty ("wb+"), as the old reader did; its read then comes up short.
+QrvMaterial* loadLegacyForm(const char* path, bool isRIM) {
+    File file(std::fopen(path, "rb"));
+    if (!file) file.reset(std::fopen(path, "wb+"));
+    if (!file) return nullptr;
+    std::rewind(file.get());
+    std::fseek(file.get(), 0, SEEK_CUR);
+    // Zeroed, so that the conversion of a short block reads no undefined byte.
+    unsigned char block[qrv::legacy::kBlockSize] = {};
+    const std::size_t read = std::fread(block, 1, sizeof block, file.get());
+    MaterialPtr material = newMaterial();
+    try {
+        QrvMaterialFromBlock(material.get(), block, isRIM);
+    } catch (const std::invalid_argument&) {
+        return nullptr;  // a short block code or values past the block
+    }
+    if (read != sizeof block) return nullptr;
+    return material.release();
+}
+
+QrvMaterial* loadMaterial(const char* path, bool isRIM) {
+    if (nameTooShort(path)) return nullptr;
+    // The name as given decides whether there is anything to read, before any mapping.
+    if (!opensWithContent(path)) return nullptr;
+    const char* mapped = nullptr;
+    if (!QrvMapFileName(path, &mapped)) return nullptr;
+    // One open under the locale guard serves the lead word and the frames. The word stays 0 when
+    // the file cannot be opened or is shorter, which sends the load to the old form.
+    CQrvBankStream bank;
+    std::int32_t leadWord = 0;
+    if (bank.OpenFile(mapped, false)) bank.Binary().ReadInt(leadWord);
+    if (isCurrentForm(leadWord)) return loadCurrentForm(bank, isRIM);
+    bank.Close();
+    return loadLegacyForm(mapped, isRIM);
+}
+
+// Steps shared by both saves; checkOpen is the only difference that the result can show.
+int saveMaterial(const char* path, QrvMaterial* material, bool isRIM, bool checkOpen) {
+    if (!material) return -1;
+    if (nameTooShort(path)) return -3;
+    if (qrv::unwritableReason(*material, qrv::objTypeFor(material->FileType))) return -1;
+    // No backup: the old file is gone before the new one is opened.
+    QrvFileExists(path, true);
+    CQrvFileStream stream;
+    {
+        qrv::LocaleGuard guard;
+        stream.File().open(path, std::ios::out | std::ios::binary);
+    }
+    if (checkOpen && stream.Failed()) return 0;
+    stream.WriteInt(kLeadWord);
+    std::unique_ptr<CQrvMatBase> object = qrv::newObjectFor(material->FileType, &stream);
+    QrvMaterialToStream(material, object.get(), isRIM);
+    object->Write();
+    stream.File().close();
+    return 1;
+}
+
+}  // namespace
+
+QrvMaterial* QrvGetMaterial(const char* path) {
+    if (nameTooShort(path)) return nullptr;
+    if (QrvIsRIM(path)) return QrvGetMaterialRIM(path);
+    return loadMaterial(path, false);
+}
+
+QrvMaterial* QrvGetMaterialRIM(const char* path) {
+    return loadMaterial(path, true);
+}
+
+int QrvSaveMaterial(const char* path, QrvMaterial* material) {
+    return saveMaterial(path, material, false, true);
+}
+
+int QrvSaveMaterialRIM(const char* path, QrvMaterial* material) {
+    return saveMaterial(path, material, true, false);
+}
+
+bool QrvMatHasFiber(const char* path) {
+    if (nameTooShort(path)) return false;
+    MaterialPtr material(QrvGetMaterial(path), QrvReleaseMaterial);
+    if (!material) return false;
+    const QrvMatParam& mech = material->Mech;
+    int fibreIndex = -1;
+    if (mech.Model == 2)
+        fibreIndex = 9;
+    else if (mech.Model >= 3 && mech.Model <= 5)
+        fibreIndex = 4;
+    if (fibreIndex < 0 || !mech.Para || mech.Count <= fibreIndex) return false;
+    return mech.Para[fibreIndex] > 0.0;
+}

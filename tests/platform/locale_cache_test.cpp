@@ -1,0 +1,79 @@
+// The default locale's name is kept between calls only while the environment stays the same, and
+// the guard's locale follows the name.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <locale>
+#include <string>
+
+#include "formats/locale_guard.h"
+#include "locale/qrv_locale.h"
+
+namespace {
+
+// Sets (or, with null, removes) an environment variable for the life of the object.
+class Variable {
+public:
+    Variable(const char* name, const char* value) : name_(name) {
+        if (const char* old = std::getenv(name)) {
+            old_ = old;
+            had_ = true;
+        }
+        if (value)
+            setenv(name, value, 1);
+        else
+            unsetenv(name);
+    }
+    ~Variable() {
+        if (had_)
+            setenv(name_.c_str(), old_.c_str(), 1);
+        else
+            unsetenv(name_.c_str());
+    }
+    Variable(const Variable&) = delete;
+    Variable& operator=(const Variable&) = delete;
+
+private:
+    std::string name_, old_;
+    bool had_ = false;
+};
+
+bool systemHas(const char* name) {
+    try {
+        std::locale probe(name);
+        return true;
+    } catch (const std::runtime_error&) {
+        return false;
+    }
+}
+
+std::string guardedName() {
+    qrv::LocaleGuard guard;
+    return std::locale().name();
+}
+
+}  // namespace
+
+TEST(SystemLocaleCache, FollowsEveryChangeOfTheEnvironment) {
+    if (!systemHas("C.UTF-8")) GTEST_SKIP() << "no C.UTF-8 locale on this system";
+    std::locale::global(std::locale::classic());
+    Variable all("LC_ALL", "C");
+    CQRVLocale locale;
+    EXPECT_STREQ(locale.GetSystemDefaultLocale(), "C");
+    EXPECT_EQ(guardedName(), "C");
+    setenv("LC_ALL", "C.UTF-8", 1);
+    EXPECT_STREQ(locale.GetSystemDefaultLocale(), "C.UTF-8");
+    EXPECT_EQ(guardedName(), "C.UTF-8");
+    {
+        // The same name by another variable.
+        Variable none("LC_ALL", nullptr);
+        Variable lang("LANG", "C");
+        Variable type("LC_CTYPE", nullptr);
+        EXPECT_STREQ(CQRVLocale().GetSystemDefaultLocale(), "C");
+        EXPECT_EQ(guardedName(), "C");
+    }
+    EXPECT_STREQ(locale.GetSystemDefaultLocale(), "C.UTF-8");
+    setenv("LC_ALL", "xx_NOWHERE.UTF-99", 1);
+    EXPECT_STREQ(locale.GetSystemDefaultLocale(), "C");
+    EXPECT_EQ(std::locale().name(), "C");
+}
