@@ -16,6 +16,7 @@
 #include "formats/conversions.h"
 #include "formats/legacy_block.h"
 #include "formats/locale_guard.h"
+#include "properties/mech_layout.h"
 #include "record/file_names.h"
 #include "record/material_internal.h"
 
@@ -148,12 +149,10 @@ bool QrvMatHasFiber(const char* path) {
     if (nameTooShort(path)) return false;
     MaterialPtr material(QrvGetMaterial(path), QrvReleaseMaterial);
     if (!material) return false;
+    // The fibre fraction sits where a thermoplastic keeps it (index 9 of model 2, 4 of models 3
+    // to 5), whatever the file's type; other models have none.
     const QrvMatParam& mech = material->Mech;
-    int fibreIndex = -1;
-    if (mech.Model == 2)
-        fibreIndex = 9;
-    else if (mech.Model >= 3 && mech.Model <= 5)
-        fibreIndex = 4;
+    const int fibreIndex = qrv::mech::indexOf(qrv::mech::Value::FiberPercent, false, mech.Model);
     if (fibreIndex < 0 || !mech.Para || mech.Count <= fibreIndex) return false;
     return mech.Para[fibreIndex] > 0.0;
 }

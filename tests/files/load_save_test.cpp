@@ -378,6 +378,15 @@ TEST(LoadSave, FibreFractionByMechModel) {
         EXPECT_EQ(QrvMatHasFiber(path.c_str()), c.fibre) << c.model;
     }
     EXPECT_FALSE(QrvMatHasFiber(folder.path("missing.mtr").c_str()));
+
+    // A thermoset file is asked at the same places, not at those of the thermoset layout.
+    const std::string rim = folder.path("fibre.mtx");
+    MaterialPtr thermoset = newRecord(2, 9018);
+    std::vector<double> mech(12, 0.0);
+    mech[9] = 0.3;  // index 11 would be the thermoset's own fibre place
+    qrvtest::setBlock(thermoset->Mech, 2, mech);
+    ASSERT_EQ(QrvSaveMaterialRIM(rim.c_str(), thermoset.get()), 1);
+    EXPECT_TRUE(QrvMatHasFiber(rim.c_str()));
 }
 
 TEST(LoadSave, DamagedCurrentFramesLoadWhatWasRead) {
