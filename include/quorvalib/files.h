@@ -44,8 +44,9 @@ QRV_API QrvMaterial* QrvGetMaterialRIM(const char* path);
 //   0  the file could not be opened for writing (an existing file is already gone);
 //  -1  the record pointer is null, or the record cannot be written (a null Polymer, Producer,
 //      GradeName or Comment, a block to be written whose Count is above 0 with a null Para or, for
-//      blocks written as they stand, below 0, or a thermoplastic of FileVer 9010 or more without
-//      MTC data); such a record is refused before any file is touched;
+//      blocks written as they stand, below 0); such a record is refused before any file is
+//      touched. A thermoplastic of FileVer 9010 or more without MTC data (one read from an old
+//      fixed block) is written with an empty MTC section;
 //  -3  path is null or has 4 characters or fewer (the record is tested first).
 QRV_API int QrvSaveMaterial(const char* path, QrvMaterial* material);
 

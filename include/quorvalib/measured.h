@@ -120,7 +120,9 @@ public:
 };
 
 // One interval of an MTC record: a model with its parameters. MaxParameterNum values of
-// Parameters are meaningful; the stored form always holds all 21.
+// Parameters are meaningful; the stored form always holds all 21. MaxParameterNum is kept as the
+// caller or the file gave it, so it may be negative or above 21: a reader takes at most 21 values
+// and none for a negative number.
 struct QrvMTCSection {
     int Attribute;
     int ModelId;

@@ -32,8 +32,8 @@ constexpr int kStreamTextLimit = 511;
 
 // Null when the record can go into an object of objType; otherwise why not: a null Polymer,
 // Producer, GradeName or Comment, a block that is moved with Count above 0 and a null Para, a
-// negative Count in a block moved as it stands, or a thermoplastic of FileVer 9010 or more without
-// an MTC list.
+// negative Count in a block moved as it stands. A thermoplastic of FileVer 9010 or more without an
+// MTC list is written with an empty one.
 const char* unwritableReason(const QrvMaterial& material, int objType);
 
 // The object class that a record's FileType asks for: 1 thermoplastic, 2 thermoset, every other

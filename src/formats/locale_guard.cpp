@@ -1,5 +1,6 @@
 #include "formats/locale_guard.h"
 
+#include <clocale>
 #include <stdexcept>
 #include <string>
 
@@ -26,6 +27,7 @@ const std::locale& localeNamed(const char* name) {
 namespace qrv {
 
 LocaleGuard::LocaleGuard() : saved_(std::locale()) {
+    if (const char* c = std::setlocale(LC_ALL, nullptr)) savedC_ = c;
     CQRVLocale system;
     try {
         std::locale::global(localeNamed(system.GetSystemDefaultLocale()));
@@ -37,6 +39,7 @@ LocaleGuard::LocaleGuard() : saved_(std::locale()) {
 
 LocaleGuard::~LocaleGuard() {
     std::locale::global(saved_);
+    if (!savedC_.empty()) std::setlocale(LC_ALL, savedC_.c_str());
 }
 
 }  // namespace qrv

@@ -23,7 +23,7 @@ enum class Put {
     Guarded,  // the block when Count is 1 or more, otherwise zeros
     VisRaw,   // the viscosity curves, when there is at least one
     PVTRaw,   // the PVT curves, likewise
-    MTCData   // the MTC list, which must exist
+    MTCData   // the MTC list, or an empty one when the record has none
 };
 
 struct Move {
@@ -114,7 +114,9 @@ void put(const QrvMaterial& material, CQrvMatBase& object, const Move& move) {
             if (hasCurves(material.PVTRaw)) object.SetPVTRaw(material.PVTRaw);
             break;
         case Put::MTCData:
-            object.SetMTC(material.MTC);
+            // A record without a list (one read from an old fixed block of a late version) sends
+            // the object's own empty list: version 0, no records.
+            if (material.MTC) object.SetMTC(material.MTC);
             break;
     }
 }
@@ -130,7 +132,6 @@ const char* unwritableReason(const QrvMaterial& material, int objType) {
     const char* reason = nullptr;
     forEachMove(objType, material.FileVer, [&](const Move& move) {
         if (reason) return;
-        if (move.put == Put::MTCData && !material.MTC) reason = "MTC data missing at 9010 or above";
         if (!move.block) return;
         const QrvMatParam& block = material.*move.block;
         if (move.put == Put::Plain && block.Count < 0) reason = "a block has a negative count";

@@ -4,6 +4,7 @@
 
 #include <quorvalib/files.h>
 #include <quorvalib/manipulator.h>
+#include <quorvalib/measured.h>
 
 #include <cstdint>
 #include <filesystem>
@@ -88,14 +89,16 @@ TEST(LoadSave, NamesOfFourCharactersOrFewerAreRefusedBeforeAnyFileAccess) {
     qrvtest::TempFolder folder;
     qrvtest::WorkingFolder here(folder.root());
     MaterialPtr m = newRecord(1, 7101);
+    writeFile("a.b", "untouched");  // an existing file of a short name is neither read nor removed
     for (const char* name : {"a.b", "a.mt", "", "x"}) {
         EXPECT_EQ(QrvGetMaterial(name), nullptr) << name;
         EXPECT_EQ(QrvGetMaterialRIM(name), nullptr) << name;
         EXPECT_EQ(QrvSaveMaterial(name, m.get()), -3) << name;
         EXPECT_EQ(QrvSaveMaterialRIM(name, m.get()), -3) << name;
         EXPECT_FALSE(QrvMatHasFiber(name)) << name;
-        EXPECT_FALSE(fileExists(name)) << name;
+        EXPECT_EQ(fileExists(name), std::string(name) == "a.b") << name;
     }
+    EXPECT_EQ(fileBytes("a.b"), "untouched");
     EXPECT_EQ(QrvGetMaterial(nullptr), nullptr);
     EXPECT_EQ(QrvSaveMaterial(nullptr, m.get()), -3);
     EXPECT_FALSE(QrvMatHasFiber(nullptr));
@@ -295,13 +298,43 @@ TEST(LoadSave, UnwritableRecordIsRefusedAndTheOldFileKept) {
     qrvtest::TempFolder folder;
     const std::string path = folder.path("keep.mtr");
     writeFile(path, "old content");
-    MaterialPtr m = newRecord(1, 9010);  // no MTC list
+    MaterialPtr m = newRecord(1, 9010);
+    m->Cp.Count = 3;  // values promised, none there
     EXPECT_EQ(QrvSaveMaterial(path.c_str(), m.get()), -1);
     EXPECT_EQ(QrvSaveMaterialRIM(path.c_str(), m.get()), -1);
     MaterialPtr fresh = qrvtest::adopt(new QrvMaterial);
     QrvInitMaterial(fresh.get());  // null texts
     EXPECT_EQ(QrvSaveMaterial(path.c_str(), fresh.get()), -1);
     EXPECT_EQ(fileBytes(path), "old content");
+}
+
+// An old block of a version that carries MTC data in the current form has none to give: the
+// material still saves, with an empty MTC section, and reads back.
+TEST(LoadSave, OldBlockOfALateVersionSavesWithAnEmptyMTCSection) {
+    qrvtest::TempFolder folder;
+    const std::string old = folder.path("late.mtr");
+    const std::string saved = folder.path("late-saved.mtr");
+    writeFile(old, typicalLegacy(19012));
+    MaterialPtr m = get(old);
+    ASSERT_NE(m, nullptr);
+    EXPECT_EQ(m->FileVer, 9012);
+    EXPECT_EQ(m->MTC, nullptr);
+    ASSERT_EQ(QrvSaveMaterial(saved.c_str(), m.get()), 1);
+    MaterialPtr back = get(saved);
+    ASSERT_NE(back, nullptr);
+    EXPECT_EQ(back->FileVer, 9012);
+    EXPECT_EQ(qrvtest::values(back->Vis), (std::vector<double>{2.5, 3.5}));
+    ASSERT_NE(back->MTC, nullptr);
+    int version = -1, count = -1;
+    QrvGetMTCInfo(back.get(), version, count);
+    EXPECT_EQ(version, 0);
+    EXPECT_EQ(count, 0);
+    // The section is the list's version and record count, both 0, in front of CR and PW.
+    const std::string bytes = fileBytes(saved);
+    const std::string emptyBlock = Bytes().word(0).word(0).word(0).str();
+    const std::string tail = Bytes().word(0).word(0).str() + emptyBlock + emptyBlock;
+    ASSERT_GE(bytes.size(), tail.size());
+    EXPECT_EQ(bytes.substr(bytes.size() - tail.size()), tail);
 }
 
 TEST(LoadSave, ObjectClassFollowsTheFileTypeNotTheCall) {

@@ -304,7 +304,6 @@ TEST(RecordToStream, UnwritableRecordsThrowBeforeTheObjectIsTouched) {
              m.OP.Para = nullptr;
          }},
         {"negative plain count", 2, 7101, [](QrvMaterial& m) { m.KN.Count = -1; }},
-        {"no MTC list at 9010", 1, 9010, [](QrvMaterial&) {}},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.what);

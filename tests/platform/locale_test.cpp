@@ -1,6 +1,7 @@
 // The system locale name and the guard that switches to it around an open.
 #include <gtest/gtest.h>
 
+#include <clocale>
 #include <cstdlib>
 #include <locale>
 #include <string>
@@ -75,4 +76,20 @@ TEST(LocaleGuard, RestoresACallersCustomLocale) {
     }
     EXPECT_EQ(std::use_facet<std::numpunct<char>>(std::locale()).decimal_point(), ',');
     std::locale::global(std::locale::classic());
+}
+
+// The C library's locale of the caller comes back too, though the C++ global locale that is put
+// back has no name that would set it.
+TEST(LocaleGuard, RestoresTheCallersCLibraryLocale) {
+    std::locale::global(std::locale::classic());
+    const char* callers = std::setlocale(LC_ALL, "C.UTF-8");
+    if (!callers) GTEST_SKIP() << "no C.UTF-8 locale on this system";
+    const std::string before = callers;
+    {
+        EnvVar all("LC_ALL", "C");
+        qrv::LocaleGuard guard;
+        EXPECT_STREQ(std::setlocale(LC_ALL, nullptr), "C");
+    }
+    EXPECT_EQ(std::string(std::setlocale(LC_ALL, nullptr)), before);
+    std::setlocale(LC_ALL, "C");
 }
