@@ -253,6 +253,25 @@ TEST(RecordToStream, EmptyBlockGoesOutAsZerosOnlyByAGuardedMove) {
     EXPECT_EQ(bytes, lead() + want.frame(qrvtest::kPlasticBody));
 }
 
+// A thermoset moves SI as it stands: with Count 0 its Source and Model still go out, as a block
+// of three words and no values.
+TEST(RecordToStream, EmptyScorchBlockOfAThermosetGoesOutAsItStands) {
+    MaterialPtr m = fullRecord(2, 9017);
+    setBlock(m->SI, 6, {});
+    m->SI.Source = 1000;
+    const std::string bytes = saved(m.get());
+    Sample want = expectedHeader(*m, 1);
+    for (int tag : {0, 1, 2, 3})
+        want.blocks[tag] = blockOf(m.get()->*qrv::kBlocks[tag]);
+    want.blocks[5] = blockOf(m->KN);
+    want.blocks[6] = blockOf(m->Mech);
+    want.blocks[7] = blockOf(m->Temp);
+    want.blocks[9] = {1000, 6, {}};
+    EXPECT_EQ(bytes, lead() + want.frame(qrvtest::kRIMBody));
+    const std::string siBlock = Bytes().word(1000).word(6).word(0).str();
+    EXPECT_EQ(bytes.substr(bytes.size() - siBlock.size()), siBlock);  // SI is last at 9017
+}
+
 TEST(RecordToStream, RecordIsNotChanged) {
     MaterialPtr m = fullRecord(1, 9012);
     addMeasuredData(*m);

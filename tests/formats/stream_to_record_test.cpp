@@ -106,6 +106,13 @@ TEST(StreamToRecord, TypeWordIsTheTypeForAnyOtherName) {
     auto typed = load(named(1, 7, "EP"), true);
     ASSERT_NE(typed, nullptr);
     EXPECT_EQ(typed->FileType, 7);  // only a type word of 0 is corrected
+    // A non-polymer frame as a bank add writes it: type word 0, and a name that is no keyword.
+    auto die = load(named(2, 0, "Die"));
+    ASSERT_NE(die, nullptr);
+    EXPECT_EQ(die->FileType, 0);
+    auto metal = load(named(2, 0, "Metal"));
+    ASSERT_NE(metal, nullptr);
+    EXPECT_EQ(metal->FileType, 3);
 }
 
 TEST(StreamToRecord, HeaderFieldsAndWhatTheStreamDoesNotCarry) {
