@@ -2,8 +2,10 @@
 // dump of a record and the melt-flow text of its comment.
 //
 // Lifetime: every name call below, QrvGetMaterialType and QrvGetMFIString share one process-wide
-// text. The pointer returned lives until the next call of any of them; copy it at once. None of
-// them takes a lock, so they belong to one thread at a time.
+// text. The pointer returned keeps its text until the next call of any of them; copy it at once.
+// (It stays readable afterwards and then shows the newer text: the text has a fixed place of 4096
+// characters, and a longer melt-flow text is cut to 4095.) None of them takes a lock, so they
+// belong to one thread at a time.
 //
 // Stale text: where a model is known but the index lies past its labels, a parameter-name call
 // assigns nothing and returns the text that the previous naming call left (the empty text on the

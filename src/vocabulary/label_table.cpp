@@ -5,7 +5,7 @@
 namespace qrv {
 
 const char* keepNameText() {
-    return QrvNameText().c_str();
+    return nameText();
 }
 
 }  // namespace qrv

@@ -16,5 +16,5 @@ const char* QrvGetMFIString(QrvMaterial* material) {
     if (mfi == std::string::npos || unit == std::string::npos || unit <= mfi)
         return qrv::setNameText("Unavailable");
     const std::size_t end = unit + std::string("/10min").size();
-    return qrv::setNameText(comment.substr(mfi, end - mfi).c_str());
+    return qrv::setNameText(material->Comment + mfi, end - mfi);
 }

@@ -1,16 +1,29 @@
 #include "vocabulary/name_text.h"
 
+#include <algorithm>
+#include <cstring>
+
 namespace qrv {
 
-std::string& QrvNameText() {
-    static std::string text;
-    return text;
+namespace {
+
+char gNameText[kNameTextCapacity];
+
+}  // namespace
+
+const char* nameText() {
+    return gNameText;
+}
+
+const char* setNameText(const char* text, std::size_t length) {
+    const std::size_t kept = std::min(length, kNameTextCapacity - 1);
+    if (kept) std::memmove(gNameText, text, kept);
+    gNameText[kept] = '\0';
+    return gNameText;
 }
 
 const char* setNameText(const char* text) {
-    std::string& shared = QrvNameText();
-    shared = text ? text : "";
-    return shared.c_str();
+    return setNameText(text, text ? std::strlen(text) : 0);
 }
 
 }  // namespace qrv

@@ -1,16 +1,27 @@
 // QrvNameText: the one process-wide text behind every naming call. Each call assigns a literal to
 // it and hands out its characters, which live until the next naming call.
+//
+// The text has a fixed place of kNameTextCapacity characters for the life of the process, so a
+// pointer handed out earlier stays readable (it then reads the newer text) and never dangles. A
+// text longer than the place (only an MFI text cut from a very long comment can be) is cut to
+// kNameTextCapacity - 1 characters.
 #ifndef QRV_VOCABULARY_NAME_TEXT_H
 #define QRV_VOCABULARY_NAME_TEXT_H
 
-#include <string>
+#include <cstddef>
 
 namespace qrv {
 
-std::string& QrvNameText();
+constexpr std::size_t kNameTextCapacity = 4096;
 
-// Assigns text to the shared name text and returns its characters.
+// The shared text as it stands.
+const char* nameText();
+
+// Assigns text (null counts as empty) to the shared name text and returns its characters.
 const char* setNameText(const char* text);
+
+// The same for a run of characters that need not be terminated.
+const char* setNameText(const char* text, std::size_t length);
 
 }  // namespace qrv
 

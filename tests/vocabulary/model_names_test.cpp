@@ -2,6 +2,8 @@
 // before the table (non-plastic types, empty blocks, non-thermosets).
 #include <gtest/gtest.h>
 
+#include <cstring>
+
 #include <climits>
 #include <map>
 #include <stdexcept>
@@ -226,6 +228,19 @@ TEST(ModelNames, ShareOneTextThatTheNextCallOverwrites) {
     EXPECT_STREQ(vis, "Thermoplastic");
 }
 
+// A pointer handed out before a longer text is assigned still reads, and reads the newer text.
+TEST(ModelNames, EarlierPointerReadsALongerLaterText) {
+    TestRecord r;
+    r->CR.Model = 5;
+    const char* shorter = qrv::setNameText("x");
+    const char* longer = QrvGetCrystallinityModelName(r.get());
+    EXPECT_STREQ(shorter, "Unknown crystallinity model");
+    EXPECT_EQ(shorter, longer);
+    const std::string big(5000, 'm');
+    qrv::setNameText(big.c_str());
+    EXPECT_EQ(std::strlen(shorter), qrv::kNameTextCapacity - 1);  // cut to the fixed place
+}
+
 TEST(ModelNames, NullRecordThrowsAndLeavesTheText) {
     using Call = const char* (*)(QrvMaterial*);
     const Call calls[] = {QrvGetVisModelName, QrvGetPVTModelName,          QrvGetCpModelName,
@@ -234,7 +249,7 @@ TEST(ModelNames, NullRecordThrowsAndLeavesTheText) {
     for (Call call : calls) {
         vocabulary_test::primeNameText("before");
         EXPECT_THROW(call(nullptr), std::invalid_argument);
-        EXPECT_EQ(qrv::QrvNameText(), "before");
+        EXPECT_STREQ(qrv::nameText(), "before");
     }
 }
 

@@ -3,6 +3,8 @@
 // labels.
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 #include <climits>
 #include <map>
 #include <stdexcept>
@@ -469,12 +471,19 @@ TEST(CrystallinityParaName, OtherModelsGiveEmptyTextAndKeepTheUnit) {
 
 // --- shared text and bad input
 
-TEST(ParaNames, FirstCallPastATableGivesTheEmptyTextOfAFreshProcess) {
-    // A fresh process starts with the empty text; reset it to that state here.
-    primeNameText("");
-    TestRecord r;
-    r->Vis.Model = 2;
-    EXPECT_STREQ(QrvGetVisParaName(r.get(), 3), "");
+// A fresh process starts with the empty text: the first call, past the table, hands it out. The
+// check runs in a process of its own, before any other naming call.
+TEST(ParaNamesDeathTest, FirstCallPastATableGivesTheEmptyTextOfAFreshProcess) {
+    ::testing::FLAGS_gtest_death_test_style = "threadsafe";
+    EXPECT_EXIT(
+        {
+            QrvMaterial* material = new QrvMaterial;
+            QrvInitMaterial(material);
+            material->Vis.Model = 2;
+            const char* text = QrvGetVisParaName(material, 3);
+            _exit(text && text[0] == '\0' ? 0 : 1);  // no exit handlers: nothing else runs
+        },
+        ::testing::ExitedWithCode(0), "");
 }
 
 TEST(ParaNames, NullRecordThrowsAndLeavesTheText) {
@@ -486,7 +495,7 @@ TEST(ParaNames, NullRecordThrowsAndLeavesTheText) {
     EXPECT_THROW(QrvGetMechParaName(nullptr, 0), std::invalid_argument);
     EXPECT_THROW(QrvGetVEParaName(nullptr, 0, unitId), std::invalid_argument);
     EXPECT_THROW(QrvGetCrystallinityParaName(nullptr, 0, unitId), std::invalid_argument);
-    EXPECT_EQ(qrv::QrvNameText(), "before");
+    EXPECT_STREQ(qrv::nameText(), "before");
     EXPECT_EQ(unitId, 5);
 }
 

@@ -96,7 +96,7 @@ TEST(MFIString, LeavesTheCommentAsItWas) {
     const char* mfi = QrvGetMFIString(r.get());
     EXPECT_STREQ(mfi, "MFI 1/10min");
     EXPECT_STREQ(r->Comment, "a MFI 1/10min b");
-    EXPECT_EQ(mfi, qrv::QrvNameText().c_str());
+    EXPECT_EQ(mfi, qrv::nameText());
 }
 
 }  // namespace
