@@ -86,8 +86,10 @@ QRV_API double QrvGetNonPlastic_Density(QrvMaterial* material);
 // each; iterations stop at their limits (2000 and 1000; 100) with their last value.
 //
 // Returns 0.0 for a null record and for a KN block with a null Para or fewer than six values.
-// In the ramp a substep count too large for an int (or not a number) skips the step and the
-// conversion is returned as given.
+// In the ramp a substep count too large for an int (or not a number), or of exactly INT_MAX (one
+// more wraps), skips the step and the conversion is returned as given. Below that the ramp runs
+// about 0.1 r / (0.001 beta) substeps, each of up to 100 rounds: a very small heating rate with a
+// fast cure makes one call cost up to two billion rate evaluations.
 QRV_API double QrvGetConversion(QrvMaterial* material, double temperature, double heatingRate,
                                 double conversion);
 

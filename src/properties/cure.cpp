@@ -120,12 +120,14 @@ double rampStep(const Kinetics& k, double t, double beta, double x0) {
         const double r0 = k.rate(Tc, x);
         double dt = kMaxStepChange / r0;
         if (!(dt < dtMax)) dt = dtMax;
-        const long long substeps = truncateCount(dTs / (dt * beta) + 0.5) + 1LL;
+        // The count is an int: one more than INT_MAX wraps to INT_MIN, and the section is skipped.
+        const int substeps =
+            static_cast<int>(static_cast<unsigned>(truncateCount(dTs / (dt * beta) + 0.5)) + 1u);
         if (substeps < 1) continue;
         const double h = kRampRise / (substeps * beta);
         const double hh = 0.5 * h;
         const double dTh = hh * beta;
-        for (long long step = 0; step < substeps; ++step) {
+        for (int step = 0; step < substeps; ++step) {
             double xh = x + hh * r0;
             const double Th = Tc + dTh;
             if (xh > 1.0) xh = 1.0;

@@ -1,6 +1,7 @@
 // Where each value of the Mech block sits, by mechanical model and by material family. Every
-// index in Mech.Para that the getters read comes from this one table, and a report lists the
-// labelled places of a layout from it.
+// index in Mech.Para that the getters read comes from this one table. The labels name the places
+// for whoever reads the table; they are not the texts of the parameter-name calls or of a report,
+// which keep their own literals (model 0, for one, is named at indices 1, 3 and 6 only there).
 //
 // Models: 0 Isotropic pure polymer, 1 Anisotropic pure polymer, 2 Fiber-reinforced
 // polymer(Experimental), 3 Theoretical,Customize, 4 Theoretical,E-glass, 5 Theoretical,T300,

@@ -1,5 +1,5 @@
-// The layout table of Mech.Para, as a report walks it: the labelled places of each model and
-// family are distinct and run without gaps from 0, as many as the layouts hold.
+// The layout table of Mech.Para: the named places of each model and family are distinct and run
+// without gaps from 0, as many as the layouts hold.
 #include <gtest/gtest.h>
 
 #include <set>

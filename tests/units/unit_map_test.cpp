@@ -1,4 +1,4 @@
-// The unit map: every report item id of the document, checked one by one, and every other id.
+// The unit map: every report item id, checked one by one, and every other id.
 #include <gtest/gtest.h>
 
 #include <climits>
