@@ -3,6 +3,8 @@
 #ifndef QRV_TESTS_FORMATS_FRAME_BUILDER_H
 #define QRV_TESTS_FORMATS_FRAME_BUILDER_H
 
+#include <gtest/gtest.h>
+
 #include <array>
 #include <cstdint>
 #include <map>
@@ -117,6 +119,38 @@ inline std::string writtenBy(CQrvMatBase& object) {
 // The stream positioned where an object's own reader starts: behind ObjSize and ObjType.
 inline std::string readerPart(const std::string& frame) {
     return frame.substr(8);
+}
+
+// A sample file of tests/data as bytes.
+inline std::string dataFile(const char* name) {
+    return readFile(std::string(QRV_TEST_DATA_DIR) + "/" + name);
+}
+
+// The stored form of a raw curve section with one curve, byte by byte.
+inline std::string oneCurveForm(int source, double fitError, const std::string& standard,
+                                double condition, const std::vector<double>& x,
+                                const std::vector<double>& y) {
+    return Bytes()
+        .word(source)
+        .real(fitError)
+        .word(1)
+        .text(standard)
+        .real(condition)
+        .word(static_cast<std::int64_t>(x.size()))
+        .reals(x)
+        .reals(y)
+        .str();
+}
+
+// The block of tag in an object against its expected source, model and values.
+inline void expectObjectBlock(CQrvMatBase& object, int tag, const BlockData& data) {
+    int source = -9, model = -9, count = -9;
+    object.GetParamInfo(tag, &source, &model, &count);
+    EXPECT_EQ(source, data.source) << tag;
+    EXPECT_EQ(model, data.model) << tag;
+    ASSERT_EQ(count, static_cast<int>(data.values.size())) << tag;
+    for (int i = 0; i < count; ++i)
+        EXPECT_EQ(object.GetParamValue(tag, i), data.values[i]) << tag;
 }
 
 }  // namespace qrvtest

@@ -18,30 +18,14 @@
 
 using qrvtest::BlockData;
 using qrvtest::Bytes;
+using qrvtest::dataFile;
+using qrvtest::expectObjectBlock;
+using qrvtest::oneCurveForm;
 using qrvtest::Sample;
 
 namespace {
 
 const int kVersions[] = {7101, 9005, 9006, 9007, 9008, 9009, 9010, 9011, 9012, 9999};
-
-std::string dataFile(const char* name) {
-    return qrvtest::readFile(std::string(QRV_TEST_DATA_DIR) + "/" + name);
-}
-
-// A raw section form with one curve, built by hand.
-std::string rawForm(int source, double fitError, const std::string& standard, double condition,
-                    const std::vector<double>& x, const std::vector<double>& y) {
-    return Bytes()
-        .word(source)
-        .real(fitError)
-        .word(1)
-        .text(standard)
-        .real(condition)
-        .word(static_cast<std::int64_t>(x.size()))
-        .reals(x)
-        .reals(y)
-        .str();
-}
 
 // The MTC form of one record with one section whose 21 parameters are 1..21.
 std::string mtcForm() {
@@ -65,8 +49,8 @@ Sample fullSample(int version) {
     for (int tag : {0, 1, 2, 3, 4, 6, 7, 8, 10, 11})
         s.blocks[tag] = BlockData{10 + tag, tag % 5, {tag + 0.5, -tag * 1e9, 1.0 / (tag + 3)}};
     s.blocks[7].values.clear();  // an empty carried block still stands in the stream
-    s.sections["vis"] = rawForm(21, 0.034, "ISO 11443", 190.0, {30, 300}, {2150, 980});
-    s.sections["pvt"] = rawForm(22, 0.002, "", 0.0, {30}, {0.801});
+    s.sections["vis"] = oneCurveForm(21, 0.034, "ISO 11443", 190.0, {30, 300}, {2150, 980});
+    s.sections["pvt"] = oneCurveForm(22, 0.002, "", 0.0, {30}, {0.801});
     s.sections["mtc"] = mtcForm();
     return s;
 }
@@ -84,16 +68,6 @@ void fillSections(CQrvPlasticMat& object, const Sample& s) {
     object.SetVisRaw(&vis);
     object.SetPVTRaw(&pvt);
     object.SetMTC(&mtc);
-}
-
-void expectBlock(CQrvMatBase& object, int tag, const BlockData& data) {
-    int source = -9, model = -9, count = -9;
-    object.GetParamInfo(tag, &source, &model, &count);
-    EXPECT_EQ(source, data.source) << tag;
-    EXPECT_EQ(model, data.model) << tag;
-    ASSERT_EQ(count, static_cast<int>(data.values.size())) << tag;
-    for (int i = 0; i < count; ++i)
-        EXPECT_EQ(object.GetParamValue(tag, i), data.values[i]) << tag;
 }
 
 }  // namespace
@@ -163,7 +137,7 @@ TEST(PlasticMat, RoundTripAtEveryGate) {
         for (const auto& [tag, data] : s.blocks) {
             const bool present = (tag != 8 || version >= 9008) && (tag != 10 || version >= 9011) &&
                                  (tag != 11 || version >= 9012);
-            expectBlock(object, tag, present ? data : BlockData{});
+            expectObjectBlock(object, tag, present ? data : BlockData{});
         }
         CQrvViscosityData vis;
         CQrvViscosityData* target = &vis;
@@ -212,11 +186,12 @@ TEST(PlasticMat, SampleFileFieldsAreThoseOfTheFile) {
     EXPECT_EQ(object.GetGradeName(), "GB 3052D");
     EXPECT_EQ(object.GetComment(), "spoon grade");
     EXPECT_EQ(object.GetSourceText(), "");
-    expectBlock(object, 0, {11, 5, {0.01, 204026.1, 7.63e+17, 432.0627, 0.0, 36.10003, 1.094729}});
-    expectBlock(object, 3, {12, 2, {19000.0, 30.0, 22000.0, 230.0}});
-    expectBlock(object, 8, {16, 1, {1.455, 0.0003}});
-    expectBlock(object, 10, {17, 1, {0.37, 0.0022}});
-    expectBlock(object, 11, {18, 7, {5.0, 2.7, 0.25, 720000000000.0, 5.5e-06}});
+    expectObjectBlock(object, 0,
+                      {11, 5, {0.01, 204026.1, 7.63e+17, 432.0627, 0.0, 36.10003, 1.094729}});
+    expectObjectBlock(object, 3, {12, 2, {19000.0, 30.0, 22000.0, 230.0}});
+    expectObjectBlock(object, 8, {16, 1, {1.455, 0.0003}});
+    expectObjectBlock(object, 10, {17, 1, {0.37, 0.0022}});
+    expectObjectBlock(object, 11, {18, 7, {5.0, 2.7, 0.25, 720000000000.0, 5.5e-06}});
 
     CQrvViscosityData vis;
     CQrvPVTData pvt;
@@ -260,7 +235,7 @@ TEST(PlasticMat, HigherVersionReadsTheRichestLayoutAndLeavesTheRest) {
     object.Read();
     EXPECT_FALSE(in.Failed());
     EXPECT_EQ(in.BytesLeft(), 20u);
-    expectBlock(object, 11, s.blocks.at(11));
+    expectObjectBlock(object, 11, s.blocks.at(11));
 }
 
 TEST(PlasticMat, UnknownTagsAreIgnored) {
@@ -336,7 +311,7 @@ TEST(PlasticMat, EmbeddedNulShortensAHeaderText) {
     EXPECT_EQ(object.GetHeader().Lengths[0], 4);  // as read, until the next size computation
     EXPECT_EQ(object.GetProducer(), "Greenfield");
     EXPECT_EQ(object.GetSourceText(), "from a bank");
-    expectBlock(object, 7, s.blocks.at(7));
+    expectObjectBlock(object, 7, s.blocks.at(7));
     EXPECT_EQ(object.GetSize() + 4, frame.size() - 2);
     EXPECT_EQ(object.GetHeader().Lengths[0], 2);
 
@@ -366,9 +341,9 @@ TEST(PlasticMat, ReadingPastTheEndKeepsTheFields) {
             // cut keeps what it held.
             const std::size_t end = at + 12 + 8 * next.blocks.at(tag).values.size();
             if (end <= cut)
-                expectBlock(object, tag, next.blocks.at(tag));
+                expectObjectBlock(object, tag, next.blocks.at(tag));
             else if (at >= cut)
-                expectBlock(object, tag, before.blocks.at(tag));
+                expectObjectBlock(object, tag, before.blocks.at(tag));
         }
         // Whatever it holds, the object measures what it writes.
         EXPECT_EQ(object.GetSize() + 4, qrvtest::writtenBy(object).size());
@@ -392,7 +367,7 @@ TEST(PlasticMat, BadCountsAndLengthsFailTheStreamAtEveryPosition) {
             EXPECT_TRUE(in.Failed()) << word.at << " " << bad;
             for (const auto& [tag, at] : s.blockAt) {
                 if (at + 8 < word.at)
-                    expectBlock(object, tag, s.blocks.at(tag));
+                    expectObjectBlock(object, tag, s.blocks.at(tag));
                 else if (at + 8 == word.at) {
                     // The damaged count: Source and Model are read, Count and array stay.
                     int source = 0, model = 0, count = -1;
@@ -401,7 +376,7 @@ TEST(PlasticMat, BadCountsAndLengthsFailTheStreamAtEveryPosition) {
                     EXPECT_EQ(count, 0);
                     EXPECT_EQ(object.GetParamArray(tag), nullptr);
                 } else {
-                    expectBlock(object, tag, BlockData{});
+                    expectObjectBlock(object, tag, BlockData{});
                     EXPECT_EQ(object.GetParamArray(tag), nullptr);
                 }
             }
@@ -431,8 +406,8 @@ TEST(PlasticMat, BadSectionCountsFailTheStream) {
             CQrvPlasticMat object(&in);
             ASSERT_NO_THROW(object.Read());
             EXPECT_TRUE(in.Failed()) << at << " " << bad;
-            expectBlock(object, 8, s.blocks.at(8));  // before the section
-            expectBlock(object, 10, BlockData{});    // behind it, untouched
+            expectObjectBlock(object, 8, s.blocks.at(8));  // before the section
+            expectObjectBlock(object, 10, BlockData{});    // behind it, untouched
         }
     }
 }
@@ -531,12 +506,12 @@ TEST(PlasticMat, ReadTextReadsSevenBlocksOfNumbers) {
     CQrvPlasticMat object(&in);
     CQrvMemoryStream unused;
     EXPECT_TRUE(object.ReadText(unused));
-    expectBlock(object, 0, {1, 2, {0.5, 1.5}});
-    expectBlock(object, 1, {3, 4, {}});
-    expectBlock(object, 2, {5, 6, {7}});
-    expectBlock(object, 4, {8, 9, {1000}});
-    expectBlock(object, 7, {12, 13, {1, 2}});
-    expectBlock(object, 8, {});  // OP is not in the text form that is read
+    expectObjectBlock(object, 0, {1, 2, {0.5, 1.5}});
+    expectObjectBlock(object, 1, {3, 4, {}});
+    expectObjectBlock(object, 2, {5, 6, {7}});
+    expectObjectBlock(object, 4, {8, 9, {1000}});
+    expectObjectBlock(object, 7, {12, 13, {1, 2}});
+    expectObjectBlock(object, 8, {});  // OP is not in the text form that is read
     EXPECT_EQ(in.BytesLeft(), std::string("\n14 15 1 16").size());
 
     // The output of WriteText, with its commas, is not readable by it.
@@ -544,13 +519,13 @@ TEST(PlasticMat, ReadTextReadsSevenBlocksOfNumbers) {
     CQrvPlasticMat other(&commas);
     other.ReadText(unused);
     EXPECT_TRUE(commas.Failed());
-    expectBlock(other, 0, {1, 0, {}});
+    expectObjectBlock(other, 0, {1, 0, {}});
 
     // A negative or too large count fails the stream and keeps the block.
     CQrvMemoryStream bad(std::string("1 2 -3 4 5"));
     CQrvPlasticMat third(&bad);
     third.ReadText(unused);
     EXPECT_TRUE(bad.Failed());
-    expectBlock(third, 0, {1, 2, {}});
+    expectObjectBlock(third, 0, {1, 2, {}});
     EXPECT_EQ(third.GetParamArray(0), nullptr);
 }

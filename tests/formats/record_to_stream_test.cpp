@@ -22,6 +22,7 @@
 using qrvtest::BlockData;
 using qrvtest::Bytes;
 using qrvtest::MaterialPtr;
+using qrvtest::oneCurveForm;
 using qrvtest::Sample;
 using qrvtest::setBlock;
 
@@ -52,21 +53,6 @@ MaterialPtr fullRecord(int fileType, int fileVer) {
 
 BlockData blockOf(const QrvMatParam& block) {
     return {block.Source, block.Model, qrvtest::values(block)};
-}
-
-// Stored forms of the measured sections, byte by byte.
-std::string curvesForm(int source, double fitError, const std::string& standard, double condition,
-                       const std::vector<double>& x, const std::vector<double>& y) {
-    return Bytes()
-        .word(source)
-        .real(fitError)
-        .word(1)
-        .text(standard)
-        .real(condition)
-        .word(static_cast<std::int64_t>(x.size()))
-        .reals(x)
-        .reals(y)
-        .str();
 }
 
 const std::string kNoCurves = Bytes().word(0).real(0.0).word(0).word(0).str();
@@ -151,8 +137,8 @@ TEST(RecordToStream, ThermoplasticBytesAtEveryGate) {
         }
         // VE stands in every body but is filled only at 9005 and from 9007.
         if (version == 9005 || version >= 9007) want.blocks[4] = blockOf(m->VE);
-        want.sections["vis"] = curvesForm(0, 0.0, "", 190.0, {30, 300}, {2150, 980});
-        want.sections["pvt"] = curvesForm(0, 0.0, "", 0.0, {30}, {0.801});
+        want.sections["vis"] = oneCurveForm(0, 0.0, "", 190.0, {30, 300}, {2150, 980});
+        want.sections["pvt"] = oneCurveForm(0, 0.0, "", 0.0, {30}, {0.801});
         want.sections["mtc"] = mtcForm();
         EXPECT_EQ(saved(m.get()), lead() + want.frame(qrvtest::kPlasticBody));
     }

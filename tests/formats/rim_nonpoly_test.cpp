@@ -15,23 +15,11 @@
 
 using qrvtest::BlockData;
 using qrvtest::Bytes;
+using qrvtest::dataFile;
+using qrvtest::expectObjectBlock;
 using qrvtest::Sample;
 
 namespace {
-
-std::string dataFile(const char* name) {
-    return qrvtest::readFile(std::string(QRV_TEST_DATA_DIR) + "/" + name);
-}
-
-void expectBlock(CQrvMatBase& object, int tag, const BlockData& data) {
-    int source = -9, model = -9, count = -9;
-    object.GetParamInfo(tag, &source, &model, &count);
-    EXPECT_EQ(source, data.source) << tag;
-    EXPECT_EQ(model, data.model) << tag;
-    ASSERT_EQ(count, static_cast<int>(data.values.size())) << tag;
-    for (int i = 0; i < count; ++i)
-        EXPECT_EQ(object.GetParamValue(tag, i), data.values[i]) << tag;
-}
 
 Sample filledSample(int objType, int version, const std::vector<int>& tags) {
     Sample s;
@@ -87,7 +75,7 @@ TEST(RIMMat, RoundTripAtEveryGate) {
             bool present = true;
             for (const auto& [gatedTag, from] : gates)
                 if (tag == gatedTag && version < from) present = false;
-            expectBlock(object, tag, present ? s.blocks.at(tag) : BlockData{});
+            expectObjectBlock(object, tag, present ? s.blocks.at(tag) : BlockData{});
         }
         EXPECT_EQ(qrvtest::writtenBy(object), frame) << version;
     }
@@ -104,8 +92,8 @@ TEST(RIMMat, SampleFileReadsAndWritesBackUnchanged) {
     EXPECT_EQ(object.GetBodyVer(), 9018);
     EXPECT_EQ(object.GetTypeWord(), 2);
     EXPECT_EQ(object.GetProducer(), "Kobari Chemical");
-    expectBlock(object, 1, {31, 1, {1.98}});
-    expectBlock(object, 9, {36, 1, {170.0, 2.8}});
+    expectObjectBlock(object, 1, {31, 1, {1.98}});
+    expectObjectBlock(object, 9, {36, 1, {170.0, 2.8}});
     EXPECT_EQ(object.GetParamValue(5, 0), 0.342);
     EXPECT_EQ(object.GetParamValue(11, 0), 80.0);
     EXPECT_EQ(qrvtest::writtenBy(object), file.substr(4));
@@ -139,7 +127,7 @@ TEST(RIMMat, HasNoTextFormAndNoMeasuredData) {
     EXPECT_EQ(out.Bytes(), "");
     EXPECT_TRUE(object.ReadText(out));
     EXPECT_EQ(in.BytesLeft(), 7u);
-    expectBlock(object, 0, s.blocks.at(0));
+    expectObjectBlock(object, 0, s.blocks.at(0));
 
     CQrvViscosityData vis;
     const double x[] = {1.0};
@@ -168,9 +156,9 @@ TEST(RIMMat, BadCountsFailTheStreamAtEveryPosition) {
             EXPECT_TRUE(in.Failed());
             for (const auto& [tag, at] : s.blockAt)
                 if (at + 8 < word.at)
-                    expectBlock(object, tag, s.blocks.at(tag));
+                    expectObjectBlock(object, tag, s.blocks.at(tag));
                 else if (at > word.at)
-                    expectBlock(object, tag, BlockData{});
+                    expectObjectBlock(object, tag, BlockData{});
         }
     }
 }
@@ -201,7 +189,7 @@ TEST(NonPolyMat, VersionHasNoEffect) {
         object.Read();
         EXPECT_EQ(in.BytesLeft(), 0u);
         for (int tag : kNonPolyTags)
-            expectBlock(object, tag, s.blocks.at(tag));
+            expectObjectBlock(object, tag, s.blocks.at(tag));
         EXPECT_EQ(qrvtest::writtenBy(object), frame);
     }
 }
@@ -223,7 +211,7 @@ TEST(NonPolyMat, SampleFilesReadAndWriteBackUnchanged) {
     EXPECT_EQ(metal.GetPolymer(), "Metal");
     EXPECT_EQ(metal.GetComment(), "Austenitic D=7.99 g/cc");
     EXPECT_EQ(metal.GetTypeWord(), 3);
-    expectBlock(metal, 2, {41, 1, {5000000.0}});
+    expectObjectBlock(metal, 2, {41, 1, {5000000.0}});
     EXPECT_EQ(metal.GetParamValue(6, 2), 1930000000000.0);
 }
 
@@ -259,9 +247,9 @@ TEST(NonPolyMat, TextTwinHasTheHeaderAndThreeBlocks) {
     CQrvNonPolyMat reader(&in);
     CQrvMemoryStream unused;
     EXPECT_TRUE(reader.ReadText(unused));
-    expectBlock(reader, 2, {41, 1, {5e6}});
-    expectBlock(reader, 3, {42, 2, {1, 2}});
-    expectBlock(reader, 6, {43, 3, {}});
+    expectObjectBlock(reader, 2, {41, 1, {5e6}});
+    expectObjectBlock(reader, 3, {42, 2, {1, 2}});
+    expectObjectBlock(reader, 6, {43, 3, {}});
     EXPECT_EQ(in.BytesLeft(), 3u);
 }
 
@@ -283,9 +271,9 @@ TEST(NonPolyMat, ReadingPastTheEndKeepsTheFields) {
         EXPECT_EQ(object.GetPolymer(), cut >= 33 ? "Metal" : "Old") << cut;
         for (const auto& [tag, at] : s.blockAt) {
             if (at + 12 + 16 <= cut)
-                expectBlock(object, tag, s.blocks.at(tag));
+                expectObjectBlock(object, tag, s.blocks.at(tag));
             else if (at >= cut)
-                expectBlock(object, tag, before.blocks.at(tag));
+                expectObjectBlock(object, tag, before.blocks.at(tag));
         }
     }
 }
