@@ -5,10 +5,11 @@
 // conversion; ln is the natural logarithm. Para order per id:
 //   1  Constant density        V0                      V = 1/V0 (the value stored is a density)
 //   2  Spencer-Gilmore         V0 P0 R                 V = V0 + R T/(P + P0)
-//   3  Tait                    b1 b2 b3 b4 C           V = b1 e^(-b2 T) (1 - C ln(1 + P/(b3 e^(b4
-//   T)))) 4  Modified Tait Model 1   b1 b2 b3 b4 b5 b6 C     d = T - (b5 + b6 P),
-//                                                      V = (1 - C ln(1 + P/(b3 e^(-b4 d)))) (b1 +
-//                                                      b2 d)
+//   3  Tait                    b1 b2 b3 b4 C           V = b1 e^(-b2 T)
+//                                                          (1 - C ln(1 + P/(b3 e^(b4 T))))
+//   4  Modified Tait Model 1   b1 b2 b3 b4 b5 b6 C     d = T - (b5 + b6 P),
+//                                                      V = (1 - C ln(1 + P/(b3 e^(-b4 d))))
+//                                                          (b1 + b2 d)
 //   5  Modified Tait Model 2   b1L b2L b3L b4L b1S b2S b3S b4S b5 b6 b7 b8 b9
 //                              d = T - b5; melt side when T >= b5 + b6 P (a tie is melt):
 //                                V0 = b1L + b2L d, B = b3L e^(-b4L d), Vt = 0
@@ -16,9 +17,8 @@
 //                                V0 = b1S + b2S d, B = b3S e^(-b4S d), Vt = b7 e^(b8 d - b9 P)
 //                              V = V0 (1 - C0 ln(1 + P/B)) + Vt
 //   6  Spencer-Gilmore-C       V0 P0 R Zeta            V = V0 + (1 - Zeta x) R T/(P + P0)
-//   7  Tait-C                  b1 b2 b3 b4 Zeta        V = (1 - C0 ln(1 + P/(b3 e^(-b4 T)))) (b1 +
-//   b2 T)
-//                                                        (1 - Zeta x)
+//   7  Tait-C                  b1 b2 b3 b4 Zeta        V = (1 - C0 ln(1 + P/(b3 e^(-b4 T))))
+//                                                          (b1 + b2 T) (1 - Zeta x)
 //
 // C0 is the fixed Tait constant 0.0894. Kept as the fitted data expect them:
 // - ids 3, 4 and 5 are three different forms: 3 grows B as e^(+b4 T) on absolute T, 4 has one

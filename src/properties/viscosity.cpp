@@ -9,12 +9,15 @@
 //   4  Modified Cross 2          n Taus B Tb D                     e0/(1 + (e0 g/Taus)^(1-n))
 //   5  Modified Cross 3          n Taus D1 D2 D3 A1 A2b            T* = D2 + D3 P,
 //                                   e0 = D1 e^(-A1 (T - T*)/(D3 P + A2b + t + 273.15 - T*))
-//   10 Castro Macosko            Cg C1 C2 A Tb                     (Cg/(Cg-x))^(C1+C2 x) A e^(Tb/T)
-//   11 Power-law Castro Macosko  a0 a1 a2 b0 b1 b2 c0 c1 c2 Cg Ci  e^(b/T + a) g^(m-1)
-//   12 Cross Castro Macosko      Cg C1 C2 A Tb n Taus              f (Cg/(Cg-x))^(C1+C2 x) /
-//                                                                  (1 + (f g/Taus)^(1-n)), f = A
-//                                                                  e^(Tb/T)
-//   13 Herschel-Bulkely          n K00 CA CB C1 C2 Cg Tauy0 Tg Ty
+//   10 Castro Macosko            Cg C1 C2 A Tb                     c A e^(Tb/T),
+//                                                                  c = (Cg/(Cg-x))^(C1+C2 x)
+//   11 Power-law Castro Macosko  a0 a1 a2 b0 b1 b2 c0 c1 c2 Cg Ci  e^(b/T + a) g^(m-1), with
+//      tau = tan(pi ((x - Ci)/Cg) 0.5), a = a0 + a1 x + a2 tau, b = b0 + b1 x + b2 tau,
+//      m = c0 e^(c1 x + c2 tau) held to [0.01, 0.99]
+//   12 Cross Castro Macosko      Cg C1 C2 A Tb n Taus              f c / (1 + (f g/Taus)^(1-n)),
+//                                                                  f = A e^(Tb/T)
+//   13 Herschel-Bulkely          n K00 CA CB C1 C2 Cg Tauy0 Tg Ty  K00 c e^(-CA (T-Tg)/(CB+T-Tg))
+//                                                                  g^(n-1) + Tauy0 e^(C2/T)/g
 //
 // Kept as the fitted data expect them, though they look like slips:
 // - id 3 multiplies the power term by C and has no stress scale inside the power;
