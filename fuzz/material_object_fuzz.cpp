@@ -6,25 +6,12 @@
 #include <string>
 
 #include "formats/binary_stream.h"
-#include "formats/nonpoly_mat.h"
-#include "formats/plastic_mat.h"
-#include "formats/rim_mat.h"
+#include "formats/mat_factory.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     if (size < 1) return 0;
     CQrvMemoryStream in(std::string(reinterpret_cast<const char*>(data) + 1, size - 1));
-    std::unique_ptr<CQrvMatBase> object;
-    switch (data[0] % 3) {
-        case 0:
-            object = std::make_unique<CQrvPlasticMat>(&in);
-            break;
-        case 1:
-            object = std::make_unique<CQrvRIMMat>(&in);
-            break;
-        default:
-            object = std::make_unique<CQrvNonPolyMat>(&in);
-            break;
-    }
+    std::unique_ptr<CQrvMatBase> object = qrv::newObjectOfType(data[0] % 3, &in);
     object->Read();
     CQrvMemoryStream out;
     object->WriteTo(out);

@@ -2,26 +2,11 @@
 #include "formats/bank_stream.h"
 
 #include "formats/locale_guard.h"
-#include "formats/nonpoly_mat.h"
-#include "formats/plastic_mat.h"
-#include "formats/rim_mat.h"
+#include "formats/mat_factory.h"
 
 namespace {
 
 constexpr std::streamoff kFirstFrame = 4;  // behind the lead word
-
-std::unique_ptr<CQrvMatBase> objectOfType(std::int32_t objType, CQrvBinaryStream* stream) {
-    switch (objType) {
-        case 0:
-            return std::make_unique<CQrvPlasticMat>(stream);
-        case 1:
-            return std::make_unique<CQrvRIMMat>(stream);
-        case 2:
-            return std::make_unique<CQrvNonPolyMat>(stream);
-        default:
-            return nullptr;
-    }
-}
 
 }  // namespace
 
@@ -107,7 +92,7 @@ CQrvMatBase* CQrvBankStream::LoadMaterial(int index) {
     std::int32_t size = 0;
     std::int32_t objType = 0;
     if (!Bytes.ReadInt(size) || !Bytes.ReadInt(objType)) return nullptr;
-    Object = objectOfType(objType, &Bytes);
+    Object = qrv::newObjectOfType(objType, &Bytes);
     if (!Object) return nullptr;
     Object->Read();
     return Object.get();

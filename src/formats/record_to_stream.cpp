@@ -6,9 +6,7 @@
 #include <string>
 
 #include "formats/conversions.h"
-#include "formats/nonpoly_mat.h"
-#include "formats/plastic_mat.h"
-#include "formats/rim_mat.h"
+#include "formats/mat_factory.h"
 #include "formats/version_gate.h"
 #include "measured/mtc_list.h"
 #include "record/material_internal.h"
@@ -145,14 +143,7 @@ int objTypeFor(int fileType) {
 }
 
 std::unique_ptr<CQrvMatBase> newObjectFor(int fileType, CQrvBinaryStream* stream) {
-    switch (objTypeFor(fileType)) {
-        case 0:
-            return std::make_unique<CQrvPlasticMat>(stream);
-        case 1:
-            return std::make_unique<CQrvRIMMat>(stream);
-        default:
-            return std::make_unique<CQrvNonPolyMat>(stream);
-    }
+    return newObjectOfType(objTypeFor(fileType), stream);
 }
 
 }  // namespace qrv

@@ -8,23 +8,10 @@
 #include <string>
 
 #include "formats/binary_stream.h"
-#include "formats/nonpoly_mat.h"
-#include "formats/plastic_mat.h"
-#include "formats/rim_mat.h"
+#include "formats/mat_factory.h"
 #include "support/byte_builder.h"
 
 namespace {
-
-std::unique_ptr<CQrvMatBase> objectFor(int objType, CQrvBinaryStream* stream) {
-    switch (objType) {
-        case 1:
-            return std::make_unique<CQrvRIMMat>(stream);
-        case 2:
-            return std::make_unique<CQrvNonPolyMat>(stream);
-        default:
-            return std::make_unique<CQrvPlasticMat>(stream);
-    }
-}
 
 // Overwrites a few bytes or whole words with random values, or cuts the tail.
 std::string damage(std::string bytes, std::mt19937& random) {
@@ -65,7 +52,8 @@ TEST(DamagedInput, ReadsOfDamagedSampleFilesStayBounded) {
         const std::string reader = file.substr(12);
         for (int round = 0; round < 400; ++round) {
             CQrvMemoryStream in(damage(reader, random));
-            auto object = objectFor(objType, &in);
+            auto object = qrv::newObjectOfType(objType, &in);
+            ASSERT_NE(object, nullptr) << name;
             ASSERT_NO_THROW(EXPECT_TRUE(object->Read())) << name << " " << round;
             CQrvMemoryStream out;
             object->WriteTo(out);

@@ -1,0 +1,22 @@
+#include "formats/mat_factory.h"
+
+#include "formats/nonpoly_mat.h"
+#include "formats/plastic_mat.h"
+#include "formats/rim_mat.h"
+
+namespace qrv {
+
+std::unique_ptr<CQrvMatBase> newObjectOfType(int objType, CQrvBinaryStream* stream) {
+    switch (objType) {
+        case 0:
+            return std::make_unique<CQrvPlasticMat>(stream);
+        case 1:
+            return std::make_unique<CQrvRIMMat>(stream);
+        case 2:
+            return std::make_unique<CQrvNonPolyMat>(stream);
+        default:
+            return nullptr;
+    }
+}
+
+}  // namespace qrv
