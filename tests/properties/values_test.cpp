@@ -3,6 +3,7 @@
 // tells the place it came from.
 #include <gtest/gtest.h>
 
+#include <climits>
 #include <cmath>
 #include <cstring>
 #include <memory>
@@ -132,13 +133,50 @@ TEST(StressStrain, PairOutsideTheArrayThrows) {
     auto record = withMech(QRV_TYPE_IC_WIRE, 0, 10);
     double stress = -5, strain = -5;
     EXPECT_THROW(QrvGetStressStrainData(record.get(), 1, stress, strain), std::invalid_argument);
-    EXPECT_THROW(QrvGetStressStrainData(record.get(), -1, stress, strain), std::invalid_argument);
+    EXPECT_THROW(QrvGetStressStrainData(record.get(), -4, stress, strain), std::invalid_argument);
+    EXPECT_THROW(QrvGetStressStrainData(record.get(), INT_MIN, stress, strain),
+                 std::invalid_argument);
     EXPECT_THROW(QrvGetStressStrainData(record.get(), 1 << 30, stress, strain),
                  std::invalid_argument);
     EXPECT_THROW(QrvGetStressStrainData(nullptr, 0, stress, strain), std::invalid_argument);
     EXPECT_EQ(stress, -5);
     EXPECT_EQ(strain, -5);
     setNullBlock(record->Mech, 0, 10);
+    EXPECT_THROW(QrvGetStressStrainData(record.get(), 0, stress, strain), std::invalid_argument);
+}
+
+// A wire of 13 values 101..113 in Para[0..12]: index i reads Para[2i + 7] and Para[2i + 8], so
+// index -3 reads Para[1] and Para[2] (102, 103) and index 2 reads Para[11] and Para[12] (112, 113).
+TEST(StressStrain, NegativeIndexInsideTheArrayReadsTheFixedValues) {
+    auto record = withMech(QRV_TYPE_IC_WIRE, 0, 13);
+    for (int i = 0; i < 13; ++i)
+        record->Mech.Para[i] = 101.0 + i;
+    const struct {
+        int index;
+        double stress, strain;
+    } pairs[] = {{-3, 102, 103}, {-2, 104, 105}, {-1, 106, 107},
+                 {0, 108, 109},  {1, 110, 111},  {2, 112, 113}};
+    for (const auto& pair : pairs) {
+        double stress = 0, strain = 0;
+        QrvGetStressStrainData(record.get(), pair.index, stress, strain);
+        EXPECT_EQ(stress, pair.stress) << "index " << pair.index;
+        EXPECT_EQ(strain, pair.strain) << "index " << pair.index;
+    }
+    double stress = -5, strain = -5;
+    EXPECT_THROW(QrvGetStressStrainData(record.get(), -4, stress, strain), std::invalid_argument);
+    EXPECT_THROW(QrvGetStressStrainData(record.get(), 3, stress, strain), std::invalid_argument);
+    EXPECT_EQ(stress, -5);
+    EXPECT_EQ(strain, -5);
+}
+
+TEST(StressStrain, SevenValuesReadIndexMinusOneOnly) {
+    auto record = withMech(QRV_TYPE_IC_WIRE, 0, 7);
+    for (int i = 0; i < 7; ++i)
+        record->Mech.Para[i] = 201.0 + i;
+    double stress = 0, strain = 0;
+    QrvGetStressStrainData(record.get(), -1, stress, strain);
+    EXPECT_EQ(stress, 206);
+    EXPECT_EQ(strain, 207);
     EXPECT_THROW(QrvGetStressStrainData(record.get(), 0, stress, strain), std::invalid_argument);
 }
 
