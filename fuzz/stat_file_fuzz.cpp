@@ -2,7 +2,6 @@
 // class PLA reads it and always ends with a text, and the table is read once more for the class
 // named by the input's first word.
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <cstdint>
 #include <cstdio>
@@ -10,28 +9,20 @@
 #include <string>
 #include <vector>
 
+#include "fuzz_files.h"
 #include "record/material_internal.h"
 #include "report/polymer_data_check.h"
 
 namespace {
 
 // An install folder with the file at Bank/System/StatData.sta.
-const std::string& folder() {
+const std::string& installFolder() {
     static const std::string path = [] {
-        char name[] = "/tmp/qrv_fuzz_XXXXXX";
-        const std::string root = std::string(mkdtemp(name)) + "/";
         for (const char* sub : {"Bank", "Bank/System"})
-            mkdir((root + sub).c_str(), 0700);
-        return root;
+            mkdir((qrvfuzz::folder() + sub).c_str(), 0700);
+        return qrvfuzz::folder();
     }();
     return path;
-}
-
-void write(const std::string& path, const std::uint8_t* data, std::size_t size) {
-    std::FILE* file = std::fopen(path.c_str(), "wb");
-    if (!file) return;
-    std::fwrite(data, 1, size, file);
-    std::fclose(file);
 }
 
 void setBlock(QrvMatParam& block, int model, const std::vector<double>& values) {
@@ -66,10 +57,10 @@ QrvMaterial* material() {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    const std::string path = folder() + "Bank/System/StatData.sta";
-    write(path, data, size);
+    const std::string path = installFolder() + "Bank/System/StatData.sta";
+    qrvfuzz::write(path, data, size);
     {
-        CQrvPolymerDataCheck check(folder().c_str(), material());
+        CQrvPolymerDataCheck check(installFolder().c_str(), material());
         if (check.CheckMaterial().empty()) __builtin_trap();  // a thermoplastic always has a text
     }
     std::size_t word = 0;
