@@ -214,6 +214,25 @@ TEST(ConstantModel, NullRecordAndOtherWhich) {
     EXPECT_EQ(QrvGetConstantModelValue(record.get(), 3), -1.0);
 }
 
+TEST(ConstantModel, BlockWithoutValuesGivesMinusOne) {
+    // An array is there but Count says it holds nothing: the value is not read.
+    auto record = makeRecord();
+    for (int which = 1; which <= 4; ++which) {
+        QrvMatParam& block = which == 1   ? record->Vis
+                             : which == 2 ? record->PVT
+                             : which == 3 ? record->Cp
+                                          : record->K;
+        setBlock(block, 1, {7.5});
+        EXPECT_EQ(QrvGetConstantModelValue(record.get(), which), 7.5);
+        for (int count : {0, -1, INT_MIN}) {
+            block.Count = count;
+            EXPECT_TRUE(QrvIsConstantModel(record.get(), which));
+            EXPECT_EQ(QrvGetConstantModelValue(record.get(), which), -1.0) << which << " " << count;
+        }
+        block.Count = 1;
+    }
+}
+
 TEST(ElasticModulus, IndexTwoForModelsZeroToSix) {
     for (int model = 0; model <= 6; ++model) {
         EXPECT_EQ(QrvGetElasticModulus(withMech(kPlastic, model).get()), 102) << model;
