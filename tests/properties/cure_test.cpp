@@ -118,6 +118,14 @@ TEST(CureRate, ReadsSixValuesWhateverTheModel) {
     }
 }
 
+TEST(CureRate, SixValuesAreEnough) {
+    auto record = makeRecord(QRV_TYPE_THERMOSET);
+    const Kinetics& k = kModerate;
+    setBlock(record->KN, 2, {k.m, k.n, k.A, k.B, k.Ta, k.Tb});
+    EXPECT_DOUBLE_EQ(QrvGetCureRate(record.get(), 150.0, 0.4), rateOf(k, 150.0, 0.4));
+    EXPECT_GT(QrvGetConversion(record.get(), 150.0, 0.0, 0.4), 0.4);
+}
+
 TEST(CureRate, MissingKineticsGiveZero) {
     EXPECT_EQ(QrvGetCureRate(nullptr, 150.0, 0.4), 0.0);
     auto record = makeRecord(QRV_TYPE_THERMOSET);
@@ -192,6 +200,28 @@ TEST(IsothermalConversion, InnerIterationStopsAfter2000Rounds) {
     EXPECT_NEAR(got, afterRounds(2000), 1e-12);
     for (int other : {1999, 2001, 1000, 500, 50})
         EXPECT_GT(std::fabs(got - afterRounds(other)), 1e-8) << other;
+}
+
+TEST(IsothermalConversion, InnerIterationStopsAtARelativeChangeOf1e5) {
+    // r(x) = a + b x with b = 0.4: the midpoint iteration of the one step (dt = 0.5, never
+    // shortened) is x_k = c x_(k-1) + s with c = 0.1, so x_k = x* + c^k (x0 - x*) and each
+    // round's change is a tenth of the one before. The iteration stops at the first round whose
+    // change relative to x is 1e-5 or less; here that change is 1.5e-5 in round 5 and 1.5e-6 in
+    // round 6, so a looser or an absolute test would stop elsewhere.
+    const double a = -8e-5, b = 0.4, x0 = 0.002;
+    auto record = thermoset(affineRate(a, b));
+    const double c = 0.5 * b / 2.0;
+    const double s = x0 + 0.5 * (a + b * x0 / 2.0);
+    const double fixed = s / (1.0 - c);
+    auto afterRounds = [&](int k) { return fixed + std::pow(c, k) * (x0 - fixed); };
+    int stop = 1;
+    while (std::fabs(afterRounds(stop) - afterRounds(stop - 1)) / afterRounds(stop) > 1e-5)
+        ++stop;
+    ASSERT_EQ(stop, 6);
+    const double got = QrvGetConversion(record.get(), 150.0, 0.0, x0);
+    EXPECT_NEAR(got, afterRounds(stop), 1e-15);
+    EXPECT_GT(std::fabs(got - afterRounds(stop - 1)), 1e-10);
+    EXPECT_GT(std::fabs(got - afterRounds(stop + 1)), 1e-10);
 }
 
 TEST(IsothermalConversion, OuterStepsStopAfter1000) {
@@ -375,6 +405,16 @@ TEST(RampConversion, NeverExceedsOne) {
     EXPECT_EQ(QrvGetConversion(record.get(), 250.0, 1.0, 0.5), 1.0);
     // Half way the cap holds the predictor: 0.1 degree at 20 per time unit adds 0.05.
     EXPECT_NEAR(QrvGetConversion(record.get(), 250.0, 20.0, 0.5), 0.55, 1e-13);
+}
+
+TEST(RampConversion, TemperatureThatSwallowsTheRiseStillTakesOneSection) {
+    // At 2e15 degree C the double cannot hold t + 0.1 apart from t: the rise is 0, the section
+    // count max(trunc(0/0.1 + 0.5), 1) = 1 and the substep count trunc(0 + 0.5) + 1 = 1. The one
+    // substep still lasts 0.1/beta, so a constant rate adds r 0.1/beta.
+    const double t = 2e15;
+    ASSERT_EQ((t + 0.1) - t, 0.0);
+    auto record = thermoset(constantRate(0.004));
+    EXPECT_NEAR(QrvGetConversion(record.get(), t, 2.0, 0.25), 0.25 + 0.004 * 0.1 / 2.0, 1e-15);
 }
 
 TEST(RampConversion, SubstepCountsPastAnIntSkipTheStep) {

@@ -447,6 +447,17 @@ TEST(LinearShrinkage, FormulaAndItsSentinels) {
     const double v2 = 0.85 + 2.6e5 * (250.0 + 273.15) / (1e9 + 3.2e9);
     EXPECT_EQ(QrvGetLinearShrinkage(record.get()),
               std::pow((v2 - v1) / v1 * 100.0, 0.3333333333333333));
+    // A volume that grows ten thousandfold: at a percentage of about 1.6e6 the last bit of the
+    // exponent shows in the result, so the double 0.3333333333333333 itself is checked.
+    setBlock(record->PVT, 2, {0.85, -1e9 + 1e3, 2.6e4});
+    const double low = QrvGetSpecificVolume(record.get(), 0.0, 25.0, 0.0);
+    const double high = QrvGetSpecificVolume(record.get(), 1e9, 250.0, 0.0);
+    const double percent = (high - low) / low * 100.0;
+    ASSERT_GT(percent, 1e6);
+    const double third = 0.3333333333333333;
+    ASSERT_NE(std::pow(percent, third), std::pow(percent, std::nextafter(third, 1.0)));
+    ASSERT_NE(std::pow(percent, third), std::pow(percent, std::nextafter(third, 0.0)));
+    EXPECT_EQ(QrvGetLinearShrinkage(record.get()), std::pow(percent, third));
     // A volume that falls gives the power of a negative base.
     setBlock(record->PVT, 2, {0.85, 1e8, 2.6e4});
     EXPECT_TRUE(std::isnan(QrvGetLinearShrinkage(record.get())));
