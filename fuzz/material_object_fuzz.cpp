@@ -1,5 +1,6 @@
-// Any bytes as the body of a material frame: the first byte picks the class. The read must not
-// fault, throw or allocate past the stream, and the object must then measure what it writes.
+// Any bytes as the body of a material frame: the first byte picks the class (object_seeds.py makes
+// the seeds in that shape from the sample files). The read must not fault, throw or allocate past
+// the stream, and the object must then measure what it writes.
 #include <cstdint>
 #include <cstdlib>
 #include <memory>

@@ -4,6 +4,7 @@
 #include <quorvalib/quorvalib.h>
 
 #include <cmath>
+#include <ctime>
 
 #include "facade/build_date.h"
 
@@ -118,12 +119,25 @@ TEST(Version, BuildDateText) {
 }
 
 TEST(Version, BuildDateOfThisLibrary) {
+    // The library was built before this test runs, and not before this code was written: a real
+    // calendar day between the two (a day of margin for the time zone of the build).
     const long version = Get_Quorvalib_Dll_Ver();
-    EXPECT_EQ(version, qrv::dateTextToNumber(__DATE__));  // built in the same build
-    EXPECT_GE(version % 100, 1);
-    EXPECT_LE(version % 100, 31);
-    EXPECT_GE(version / 100 % 100, 1);
-    EXPECT_LE(version / 100 % 100, 12);
+    std::tm day{};
+    day.tm_year = static_cast<int>(version / 10000) - 1900;
+    day.tm_mon = static_cast<int>(version / 100 % 100) - 1;
+    day.tm_mday = static_cast<int>(version % 100);
+    day.tm_hour = 12;
+    std::tm checked = day;
+    ASSERT_NE(std::mktime(&checked), static_cast<std::time_t>(-1));
+    EXPECT_EQ(checked.tm_mday, day.tm_mday) << version;  // no 31 November
+    EXPECT_EQ(checked.tm_mon, day.tm_mon) << version;
+    const std::time_t tomorrow = std::time(nullptr) + 24 * 3600;
+    std::tm latest{};
+    gmtime_r(&tomorrow, &latest);
+    const long latestNumber =
+        (latest.tm_year + 1900L) * 10000 + (latest.tm_mon + 1L) * 100 + latest.tm_mday;
+    EXPECT_LE(version, latestNumber);
+    EXPECT_GE(version, 20250101);
     MATIO_Manipulator m;
     EXPECT_EQ(m.GetMATIO_DllVer(), version);
 }

@@ -277,8 +277,21 @@ TEST(RecordToStream, NullRecordOrObjectReturnsAtOnce) {
     CQrvPlasticMat object(nullptr);
     QrvMaterialToStream(nullptr, &object, false);
     EXPECT_EQ(object.GetPolymer(), "");
+    EXPECT_EQ(object.GetSize(), CQrvPlasticMat(nullptr).GetSize());
+    // With no object the record is left as it was: the same arrays holding the same values.
     MaterialPtr m = fullRecord(1, 9012);
+    MaterialPtr same = fullRecord(1, 9012);
+    const char* polymer = m->Polymer;
+    const double* vis = m->Vis.Para;
     QrvMaterialToStream(m.get(), nullptr, true);
+    EXPECT_EQ(m->Polymer, polymer);
+    EXPECT_STREQ(m->Polymer, "PLA");
+    EXPECT_EQ(m->Vis.Para, vis);
+    for (auto member : qrv::kBlocks) {
+        EXPECT_EQ((m.get()->*member).Source, (same.get()->*member).Source);
+        EXPECT_EQ((m.get()->*member).Model, (same.get()->*member).Model);
+        EXPECT_EQ(qrvtest::values(m.get()->*member), qrvtest::values(same.get()->*member));
+    }
 }
 
 TEST(RecordToStream, UnwritableRecordsThrowBeforeTheObjectIsTouched) {

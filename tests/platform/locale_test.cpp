@@ -4,6 +4,7 @@
 #include <clocale>
 #include <cstdlib>
 #include <locale>
+#include <stdexcept>
 #include <string>
 
 #include "formats/locale_guard.h"
@@ -47,7 +48,15 @@ TEST(SystemLocale, UnknownLocaleFallsBackToC) {
 
 TEST(SystemLocale, NameIsAcceptedByAStandardLocale) {
     CQRVLocale locale;
-    EXPECT_NO_THROW(std::locale(locale.GetSystemDefaultLocale()));
+    const std::string name = locale.GetSystemDefaultLocale();
+    ASSERT_FALSE(name.empty());
+    std::string built;
+    try {
+        built = std::locale(name.c_str()).name();
+    } catch (const std::runtime_error&) {
+        built = "(refused)";
+    }
+    EXPECT_EQ(built, name);
 }
 
 TEST(LocaleGuard, SwitchesForItsLifeAndRestores) {

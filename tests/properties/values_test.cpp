@@ -214,6 +214,25 @@ TEST(ConstantModel, NullRecordAndOtherWhich) {
     EXPECT_EQ(QrvGetConstantModelValue(record.get(), 3), -1.0);
 }
 
+TEST(ConstantModel, BlockWithoutValuesGivesMinusOne) {
+    // An array is there but Count says it holds nothing: the value is not read.
+    auto record = makeRecord();
+    for (int which = 1; which <= 4; ++which) {
+        QrvMatParam& block = which == 1   ? record->Vis
+                             : which == 2 ? record->PVT
+                             : which == 3 ? record->Cp
+                                          : record->K;
+        setBlock(block, 1, {7.5});
+        EXPECT_EQ(QrvGetConstantModelValue(record.get(), which), 7.5);
+        for (int count : {0, -1, INT_MIN}) {
+            block.Count = count;
+            EXPECT_TRUE(QrvIsConstantModel(record.get(), which));
+            EXPECT_EQ(QrvGetConstantModelValue(record.get(), which), -1.0) << which << " " << count;
+        }
+        block.Count = 1;
+    }
+}
+
 TEST(ElasticModulus, IndexTwoForModelsZeroToSix) {
     for (int model = 0; model <= 6; ++model) {
         EXPECT_EQ(QrvGetElasticModulus(withMech(kPlastic, model).get()), 102) << model;
@@ -428,6 +447,17 @@ TEST(LinearShrinkage, FormulaAndItsSentinels) {
     const double v2 = 0.85 + 2.6e5 * (250.0 + 273.15) / (1e9 + 3.2e9);
     EXPECT_EQ(QrvGetLinearShrinkage(record.get()),
               std::pow((v2 - v1) / v1 * 100.0, 0.3333333333333333));
+    // A volume that grows ten thousandfold: at a percentage of about 1.6e6 the last bit of the
+    // exponent shows in the result, so the double 0.3333333333333333 itself is checked.
+    setBlock(record->PVT, 2, {0.85, -1e9 + 1e3, 2.6e4});
+    const double low = QrvGetSpecificVolume(record.get(), 0.0, 25.0, 0.0);
+    const double high = QrvGetSpecificVolume(record.get(), 1e9, 250.0, 0.0);
+    const double percent = (high - low) / low * 100.0;
+    ASSERT_GT(percent, 1e6);
+    const double third = 0.3333333333333333;
+    ASSERT_NE(std::pow(percent, third), std::pow(percent, std::nextafter(third, 1.0)));
+    ASSERT_NE(std::pow(percent, third), std::pow(percent, std::nextafter(third, 0.0)));
+    EXPECT_EQ(QrvGetLinearShrinkage(record.get()), std::pow(percent, third));
     // A volume that falls gives the power of a negative base.
     setBlock(record->PVT, 2, {0.85, 1e8, 2.6e4});
     EXPECT_TRUE(std::isnan(QrvGetLinearShrinkage(record.get())));

@@ -1,4 +1,5 @@
-// Counts how often one watched array is handed to operator delete[]. The test program replaces
+// Counts how often one watched array is handed to operator delete[], and all array allocations
+// and frees. The test program replaces
 // the global array allocation functions (array_free_tracker.cpp) so that the library's frees are
 // seen too.
 #ifndef QRV_TESTS_RECORD_ARRAY_FREE_TRACKER_H
@@ -8,6 +9,9 @@ namespace qrvtest {
 
 void watchArray(const void* pointer);
 int watchedArrayFrees();
+// Number of array allocations and frees of any array so far, so that a call can be seen to
+// allocate or free nothing.
+long arrayNewsAndDeletes();
 
 }  // namespace qrvtest
 

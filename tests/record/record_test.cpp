@@ -100,7 +100,15 @@ TEST(Record, InitRejectsNull) {
 }
 
 TEST(Record, ReleaseOfNullDoesNothing) {
-    EXPECT_NO_FATAL_FAILURE(QrvReleaseMaterial(nullptr));
+    const long before = qrvtest::arrayNewsAndDeletes();
+    QrvReleaseMaterial(nullptr);
+    EXPECT_EQ(qrvtest::arrayNewsAndDeletes(), before);
+    // The tracker sees the library's array frees: a record with one array frees one.
+    QrvMaterial* material = newZeroRecord();
+    material->Vis.Para = new double[2];
+    const long withArray = qrvtest::arrayNewsAndDeletes();
+    QrvReleaseMaterial(material);
+    EXPECT_EQ(qrvtest::arrayNewsAndDeletes(), withArray + 1);
 }
 
 TEST(Record, ReleaseFreesAZeroLengthArrayOnce) {
@@ -199,7 +207,14 @@ TEST(MechBlocks, ModelThreeTakesIndicesOneTwoThree) {
 }
 
 TEST(MechBlocks, NullRecordIsIgnored) {
-    EXPECT_NO_FATAL_FAILURE(QrvBuildMechBlocks(nullptr));
+    // A record build allocates the three derived arrays; a null record allocates none.
+    auto material = adopt(newZeroRecord());
+    setBlock(material->Mech, 0, {1, 2, 3, 4, 5, 6, 7});
+    const long before = qrvtest::arrayNewsAndDeletes();
+    QrvBuildMechBlocks(material.get());
+    EXPECT_EQ(qrvtest::arrayNewsAndDeletes(), before + 3);
+    QrvBuildMechBlocks(nullptr);
+    EXPECT_EQ(qrvtest::arrayNewsAndDeletes(), before + 3);
 }
 
 // A Mech block too short for its layout would be read past its end: the derived blocks stay as
