@@ -3,6 +3,7 @@
 #define QUORVALIB_QUORVALIB_H
 
 #include <quorvalib/defaults.h>
+#include <quorvalib/evaluators.h>
 #include <quorvalib/export.h>
 #include <quorvalib/files.h>
 #include <quorvalib/frmout.h>

@@ -14,6 +14,7 @@
 // bracket t divide by zero and pass the IEEE result through.
 #include <quorvalib/properties.h>
 
+#include "properties/table_segment.h"
 #include "record/guard.h"
 
 namespace {
@@ -36,7 +37,7 @@ double interpolate(const QrvMatParam& block, double t) {
         if (i + 4 >= n) break;  // the last pair with i + 2 < n
         i += 2;
     }
-    return (p[i + 2] - p[i]) * (t - p[i + 1]) / (p[i + 3] - p[i + 1]) + p[i];
+    return qrv::interpolateSegment(p[i], p[i + 1], p[i + 2], p[i + 3], t);
 }
 
 }  // namespace

@@ -33,13 +33,13 @@
 
 #include <quorvalib/properties.h>
 
+#include "properties/pvt_models.h"
 #include "record/guard.h"
 
 namespace {
 
 constexpr double kCelsiusToKelvin = 273.15;
-// The double 0x3FB6E2EB1C432CA5.
-constexpr double kTaitC = 0.0894;
+using qrv::pvt::kTaitC;
 
 using Evaluator = double (*)(const double* p, double P, double T, double x);
 
@@ -49,12 +49,11 @@ struct PvtModel {
 };
 
 double constantDensity(const double* p, double, double, double) {
-    return 1.0 / p[0];
+    return qrv::pvt::constantDensity(p[0]);
 }
 
 double spencerGilmore(const double* p, double P, double T, double) {
-    const double V0 = p[0], P0 = p[1], R = p[2];
-    return V0 + R * T / (P + P0);
+    return qrv::pvt::spencerGilmore(p[0], p[1], p[2], P, T);
 }
 
 double tait(const double* p, double P, double T, double) {
@@ -63,27 +62,12 @@ double tait(const double* p, double P, double T, double) {
 }
 
 double modifiedTait1(const double* p, double P, double T, double) {
-    const double b1 = p[0], b2 = p[1], b3 = p[2], b4 = p[3], b5 = p[4], b6 = p[5], C = p[6];
-    const double Tt = b5 + b6 * P;
-    const double d = T - Tt;
-    return (1 - C * std::log(1 + P / (b3 * std::exp(-b4 * d)))) * (b1 + b2 * d);
+    return qrv::pvt::modifiedTait1(p[0], p[1], p[2], p[3], p[4], p[5], p[6], P, T);
 }
 
 double modifiedTait2(const double* p, double P, double T, double) {
-    const double b5 = p[8], b6 = p[9], b7 = p[10], b8 = p[11], b9 = p[12];
-    const double d = T - b5;
-    const double Tt = b5 + b6 * P;
-    double V0, B, Vt;
-    if (T >= Tt) {
-        V0 = p[0] + p[1] * d;
-        B = p[2] * std::exp(-p[3] * d);
-        Vt = 0;
-    } else {
-        V0 = p[4] + p[5] * d;
-        B = p[6] * std::exp(-p[7] * d);
-        Vt = b7 * std::exp(b8 * d - b9 * P);
-    }
-    return V0 * (1 - kTaitC * std::log(1 + P / B)) + Vt;
+    return qrv::pvt::modifiedTait2({p[0], p[1], p[2], p[3]}, {p[4], p[5], p[6], p[7]}, p[8], p[9],
+                                   p[10], p[11], p[12], P, T);
 }
 
 double spencerGilmoreC(const double* p, double P, double T, double x) {

@@ -31,11 +31,12 @@
 
 #include <quorvalib/properties.h>
 
+#include "properties/viscosity_models.h"
 #include "record/guard.h"
 
 namespace {
 
-constexpr double kCelsiusToKelvin = 273.15;
+using qrv::viscosity::kCelsiusToKelvin;
 
 using Evaluator = double (*)(const double* p, double g, double t, double P, double x);
 
@@ -49,31 +50,19 @@ double newtonian(const double* p, double, double, double, double) {
 }
 
 double powerLaw(const double* p, double g, double t, double, double) {
-    const double n = p[0], B = p[1], Tb = p[2];
-    const double T = t + kCelsiusToKelvin;
-    return B * std::exp(Tb / T) * std::pow(g, n - 1);
+    return qrv::viscosity::powerLaw(p[0], p[1], p[2], g, t);
 }
 
 double modifiedCross1(const double* p, double g, double t, double P, double) {
-    const double n = p[0], C = p[1], B = p[2], Tb = p[3], D = p[4];
-    const double T = t + kCelsiusToKelvin;
-    const double eta0 = B * std::exp(Tb / T + D * P);
-    return eta0 / (1 + C * std::pow(eta0 * g, 1 - n));
+    return qrv::viscosity::modifiedCross1(p[0], p[1], p[2], p[3], p[4], g, t, P);
 }
 
 double modifiedCross2(const double* p, double g, double t, double P, double) {
-    const double n = p[0], Taus = p[1], B = p[2], Tb = p[3], D = p[4];
-    const double T = t + kCelsiusToKelvin;
-    const double eta0 = B * std::exp(Tb / T + D * P);
-    return eta0 / (1 + std::pow(eta0 * g / Taus, 1 - n));
+    return qrv::viscosity::modifiedCross2(p[0], p[1], p[2], p[3], p[4], g, t, P);
 }
 
 double modifiedCross3(const double* p, double g, double t, double P, double) {
-    const double n = p[0], Taus = p[1], D1 = p[2], D2 = p[3], D3 = p[4], A1 = p[5], A2b = p[6];
-    const double T = t + kCelsiusToKelvin;
-    const double Tstar = D2 + D3 * P;
-    const double eta0 = D1 * std::exp(-A1 * (T - Tstar) / (D3 * P + A2b + t + 273.15 - Tstar));
-    return eta0 / (1 + std::pow(eta0 * g / Taus, 1 - n));
+    return qrv::viscosity::modifiedCross3(p[0], p[1], p[2], p[3], p[4], p[5], p[6], g, t, P);
 }
 
 double castroMacosko(const double* p, double, double t, double, double x) {
