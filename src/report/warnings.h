@@ -25,8 +25,8 @@ struct WarningLine {
 // "2." "Warning #2", and so on while the next number is found: each text runs from the third
 // character behind its number (the number, its full stop and one blank left out) to the next
 // number, or to the end. The numbers are searched from the start of the text each time, so a
-// sentence must hold no digit before a full stop. A long text without "1." is one line
-// "Warning" as it is.
+// sentence must hold no digit before a full stop; a next number found before the sentence leaves
+// it empty. A long text without "1." is one line "Warning" as it is.
 std::vector<WarningLine> splitWarnings(const std::string& warnings);
 
 }  // namespace qrv::report
