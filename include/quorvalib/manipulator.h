@@ -149,8 +149,6 @@ public:
 private:
     bool isRIM;
     QrvMaterial* Record;
-
-    void hold(QrvMaterial* record);
 };
 
 #endif
