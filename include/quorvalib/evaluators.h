@@ -16,8 +16,8 @@
 //   B = b3 e^(-b4 T);
 // - CKCAE2 is conductivity model 4 (the flat function does not look at model ids);
 // - the tabulated classes and the CAE Model 2 classes give NaN where no segment matches t: a table
-//   whose temperatures are out of order, a table of one pair at exactly its temperature, or an
-//   empty table (the flat function extrapolates on its last segment instead). A NaN t gives NaN.
+//   of one pair at exactly its temperature (the flat function gives its value), an empty table,
+//   a table holding a NaN temperature, or a NaN t.
 //
 // Construction copies the parameters in the order of the block's Para. A constructor reads as
 // many values as its model has and trusts the array to hold them; a null array throws
