@@ -90,8 +90,6 @@ public:
     int Print(int depth, QRVFrmOut_StringStream& stream) const;
 
 private:
-    int PrintAt(int depth, int level, QRVFrmOut_StringStream& stream) const;
-
     std::string label_;
     QRVFrmOut_Value* value_ = nullptr;
     std::vector<const QRVFrmOut_PrintEntry*> entries_;

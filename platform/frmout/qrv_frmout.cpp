@@ -3,6 +3,8 @@
 
 #include <cstring>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -74,26 +76,27 @@ bool QRVFrmOut_PrintEntry::AddSubPrintEntry(const QRVFrmOut_PrintEntry* entry) {
     return true;
 }
 
+// Depth first without recursion: a stack of the entries still to print, each with its depth.
 int QRVFrmOut_PrintEntry::Print(int depth, QRVFrmOut_StringStream& stream) const {
     if (depth > kMaxLevels) return -1;
-    return PrintAt(depth < 0 ? 0 : depth, 0, stream);
-}
-
-int QRVFrmOut_PrintEntry::PrintAt(int depth, int level, QRVFrmOut_StringStream& stream) const {
-    if (level > kMaxLevels) return -1;
-    std::string line(2 * static_cast<std::size_t>(depth), ' ');
-    line += label_;
-    if (value_) {
-        line += " : ";
-        line += value_->Text();
-    }
-    line += '\n';
-    stream.Append(line);
-    int lines = 1;
-    for (const QRVFrmOut_PrintEntry* entry : entries_) {
-        const int written = entry->PrintAt(depth + 1, level + 1, stream);
-        if (written < 0) return -1;
-        lines += written;
+    const int first = depth < 0 ? 0 : depth;
+    std::vector<std::pair<const QRVFrmOut_PrintEntry*, int>> pending = {{this, first}};
+    int lines = 0;
+    while (!pending.empty()) {
+        const auto [entry, at] = pending.back();
+        pending.pop_back();
+        if (at - first > kMaxLevels) return -1;
+        std::string line(2 * static_cast<std::size_t>(at), ' ');
+        line += entry->label_;
+        if (entry->value_) {
+            line += " : ";
+            line += entry->value_->Text();
+        }
+        line += '\n';
+        stream.Append(line);
+        ++lines;
+        for (auto sub = entry->entries_.rbegin(); sub != entry->entries_.rend(); ++sub)
+            pending.emplace_back(*sub, at + 1);
     }
     return lines;
 }
