@@ -9,25 +9,10 @@
 #include <quorvalib/files.h>
 
 #include "formats/bank_stream.h"
+#include "fuzz_files.h"
 
-namespace {
-
-const std::string& folder() {
-    static const std::string path = [] {
-        char name[] = "/tmp/qrv_fuzz_XXXXXX";
-        return std::string(mkdtemp(name)) + "/";
-    }();
-    return path;
-}
-
-void write(const std::string& path, const std::uint8_t* data, std::size_t size) {
-    std::FILE* file = std::fopen(path.c_str(), "wb");
-    if (!file) return;
-    std::fwrite(data, 1, size, file);
-    std::fclose(file);
-}
-
-}  // namespace
+using qrvfuzz::folder;
+using qrvfuzz::write;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string plastic = folder() + "input.mtr";
