@@ -8,6 +8,7 @@
 
 #include <cstdio>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "report/report_units.h"
@@ -38,6 +39,12 @@ std::string format(const char* pattern, Args... args) {
 int valueCount(const QrvMatParam& block) {
     return block.Para && block.Count > 0 ? block.Count : 0;
 }
+
+struct ParameterLine {
+    std::string label;
+    int unitId = 0;
+    bool shown = true;
+};
 
 // The Mech lines shown: indices below limit, except those left out (-1: none).
 struct MechLines {
@@ -122,6 +129,22 @@ public:
         return entry;
     }
 
+    // A line for each parameter of block below limit (its Count at most): line(i) gives the
+    // label and unit id of parameter i, or that it is not shown.
+    template <typename Line>
+    void addParameters(QRVFrmOut_PrintEntry* entry, const QrvMatParam& block, int limit,
+                       Line line) {
+        for (int i = 0; i < valueCount(block) && i < limit; ++i) {
+            const ParameterLine parameter = line(i);
+            if (parameter.shown)
+                addText(entry, parameter.label, display(block.Para[i], parameter.unitId));
+        }
+    }
+    template <typename Line>
+    void addParameters(QRVFrmOut_PrintEntry* entry, const QrvMatParam& block, Line line) {
+        addParameters(entry, block, block.Count, line);
+    }
+
     QRVFrmOut_PrintEntry* general(const char* materialFile);
     std::string freezeTemperature();
     QRVFrmOut_PrintEntry* viscosity();
@@ -166,34 +189,55 @@ QRVFrmOut_PrintEntry* ReportTree::viscosity() {
     QRVFrmOut_PrintEntry* entry =
         section("Viscosity", "Viscosity Model", QrvGetVisModelName(material));
     const bool thermoset = QrvIsRIM(material);
-    for (int i = 0; i < valueCount(material_.Vis); ++i) {
-        const std::string name = QrvGetVisParaName(material, i);
-        const int unitId = viscosityUnitId(thermoset, material_.Vis.Model, i);
-        addText(entry, name, display(material_.Vis.Para[i], unitId));
-    }
+    addParameters(entry, material_.Vis, [&](int i) {
+        return ParameterLine{QrvGetVisParaName(material, i),
+                             viscosityUnitId(thermoset, material_.Vis.Model, i)};
+    });
     return entry;
 }
 
 QRVFrmOut_PrintEntry* ReportTree::pvt() {
     QrvMaterial* material = &material_;
     QRVFrmOut_PrintEntry* entry = section("PVT", "PVT Model", QrvGetPVTModelName(material));
-    for (int i = 0; i < valueCount(material_.PVT); ++i) {
-        const std::string name = QrvGetPVTParaName(material, i);
-        addText(entry, name, display(material_.PVT.Para[i], pvtUnitId(material_.PVT.Model, i)));
-    }
+    addParameters(entry, material_.PVT, [&](int i) {
+        return ParameterLine{QrvGetPVTParaName(material, i), pvtUnitId(material_.PVT.Model, i)};
+    });
     return entry;
 }
 
+// The name calls of crystallinity and viscoelasticity tell the unit too; where they have no
+// label they leave the unit as it was, as they leave the name.
 QRVFrmOut_PrintEntry* ReportTree::crystallinity() {
     QrvMaterial* material = &material_;
     QRVFrmOut_PrintEntry* entry =
         section("Crystallinity", "Crystallinity Model", QrvGetCrystallinityModelName(material));
-    // The name call leaves the unit as it was where it has no label, as it leaves the name.
     int unitId = 0;
-    for (int i = 0; i < valueCount(material_.CR); ++i) {
-        const std::string name = QrvGetCrystallinityParaName(material, i, unitId);
-        addText(entry, name, display(material_.CR.Para[i], unitId));
-    }
+    addParameters(entry, material_.CR, [&](int i) {
+        std::string name = QrvGetCrystallinityParaName(material, i, unitId);
+        return ParameterLine{std::move(name), unitId};
+    });
+    return entry;
+}
+
+QRVFrmOut_PrintEntry* ReportTree::viscoelasticity() {
+    QrvMaterial* material = &material_;
+    QRVFrmOut_PrintEntry* entry =
+        section("Viscoelasticity", "VE Model", QrvGetVEModelName(material));
+    int unitId = 0;
+    addParameters(entry, material_.VE, [&](int i) {
+        std::string name = QrvGetVEParaName(material, i, unitId);
+        return ParameterLine{std::move(name), unitId};
+    });
+    return entry;
+}
+
+QRVFrmOut_PrintEntry* ReportTree::curing() {
+    QrvMaterial* material = &material_;
+    QRVFrmOut_PrintEntry* entry =
+        section("Curing_Kinetics", "Curing Kinetics Model", QrvGetConvModelName(material));
+    addParameters(entry, material_.KN, [&](int i) {
+        return ParameterLine{QrvGetConvParaName(material, i), curingUnitId(material_.KN.Model, i)};
+    });
     return entry;
 }
 
@@ -204,53 +248,29 @@ QRVFrmOut_PrintEntry* ReportTree::curve(const char* label, const char* modelLabe
                                         const char* valueMark, int valueUnit) {
     const std::string name = modelName ? modelName : "";
     QRVFrmOut_PrintEntry* entry = section(label, modelLabel, name.c_str());
-    for (int i = 0; i < valueCount(block); ++i) {
+    addParameters(entry, block, [&](int i) {
         const bool isValue = i % 2 == 0;
-        const std::string lineLabel =
-            format("%s - (%s%d)", name.c_str(), isValue ? valueMark : "T", i / 2);
-        addText(entry, lineLabel, display(block.Para[i], isValue ? valueUnit : kTemperatureUnit));
-    }
+        return ParameterLine{format("%s - (%s%d)", name.c_str(), isValue ? valueMark : "T", i / 2),
+                             isValue ? valueUnit : kTemperatureUnit};
+    });
     return entry;
 }
 
+// Lines with an empty label are left out, and so are the places a model does not show.
 QRVFrmOut_PrintEntry* ReportTree::mechanical() {
     QrvMaterial* material = &material_;
-    QrvMatParam& mech = material_.Mech;
+    const QrvMatParam& mech = material_.Mech;
     QRVFrmOut_PrintEntry* entry =
         section("Polymer_Mechanical_Properties", "Mechanical Type", QrvGetMechModelName(material));
     const bool thermoset = material_.FileType == QRV_TYPE_THERMOSET;
     const MechLines rule = thermoset ? thermosetMechLines(mech.Model) : mechLines(mech.Model);
-    for (int i = 0; i < valueCount(mech) && i < rule.limit; ++i) {
-        if (i == rule.leftOut[0] || i == rule.leftOut[1]) continue;
-        const std::string name =
+    addParameters(entry, mech, rule.limit, [&](int i) {
+        if (i == rule.leftOut[0] || i == rule.leftOut[1]) return ParameterLine{{}, 0, false};
+        std::string name =
             thermoset ? thermosetMechLabel(mech.Model, i) : QrvGetMechParaName(material, i);
-        if (name.empty()) continue;
-        const int unitId = mechanicalUnitId(thermoset, mech.Model, i);
-        addText(entry, name, display(mech.Para[i], unitId));
-    }
-    return entry;
-}
-
-QRVFrmOut_PrintEntry* ReportTree::viscoelasticity() {
-    QrvMaterial* material = &material_;
-    QRVFrmOut_PrintEntry* entry =
-        section("Viscoelasticity", "VE Model", QrvGetVEModelName(material));
-    int unitId = 0;
-    for (int i = 0; i < valueCount(material_.VE); ++i) {
-        const std::string name = QrvGetVEParaName(material, i, unitId);
-        addText(entry, name, display(material_.VE.Para[i], unitId));
-    }
-    return entry;
-}
-
-QRVFrmOut_PrintEntry* ReportTree::curing() {
-    QrvMaterial* material = &material_;
-    QRVFrmOut_PrintEntry* entry =
-        section("Curing_Kinetics", "Curing Kinetics Model", QrvGetConvModelName(material));
-    for (int i = 0; i < valueCount(material_.KN); ++i) {
-        const std::string name = QrvGetConvParaName(material, i);
-        addText(entry, name, display(material_.KN.Para[i], curingUnitId(material_.KN.Model, i)));
-    }
+        const bool shown = !name.empty();
+        return ParameterLine{std::move(name), mechanicalUnitId(thermoset, mech.Model, i), shown};
+    });
     return entry;
 }
 

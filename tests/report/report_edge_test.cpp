@@ -100,6 +100,17 @@ TEST_F(ReportEdges, ThermosetMechanicalLinesLeaveOutTheirMeltExpansionPlaces) {
               "    CLTE a2(transverse direction of solid) : 2.22224e-05 1/oF\n");
 }
 
+TEST_F(ReportEdges, UnknownCuringModelShowsUnlabelledLinesInTheUnitOfItsNumber) {
+    MaterialPtr material = makeRecord(QRV_TYPE_THERMOSET);
+    setBlock(material->KN, 9, {1.0, 0.5});
+    // The unit id falls through to the model number: 9 is "(cm^2/dyne)^(1-n)".
+    EXPECT_EQ(sectionOf(reportOf(material.get(), "RIMCuring"), "Curing_Kinetics"),
+              "  Curing_Kinetics\n"
+              "    Curing Kinetics Model : Unknown Conversion model\n"
+              "     : 1 (cm^2/dyne)^(1-n)\n"
+              "     : 0.5 (cm^2/dyne)^(1-n)\n");
+}
+
 TEST_F(ReportEdges, ThermosetShowsOneEmptyWarningWhereTheSectionIsPrinted) {
     QRVSetInstallFolderPath(statisticsFolder().c_str());
     MATIO_Manipulator manipulator;
