@@ -149,11 +149,13 @@ public:
     std::string freezeTemperature();
     QRVFrmOut_PrintEntry* viscosity();
     QRVFrmOut_PrintEntry* pvt();
-    QRVFrmOut_PrintEntry* crystallinity();
+    using NameWithUnit = const char* (*)(QrvMaterial*, int, int&);
+    QRVFrmOut_PrintEntry* unitNamedSection(const char* label, const char* modelLabel,
+                                           const char* modelName, const QrvMatParam& block,
+                                           NameWithUnit nameOf);
     QRVFrmOut_PrintEntry* curve(const char* label, const char* modelLabel, QrvMatParam& block,
                                 const char* modelName, const char* valueMark, int valueUnit);
     QRVFrmOut_PrintEntry* mechanical();
-    QRVFrmOut_PrintEntry* viscoelasticity();
     QRVFrmOut_PrintEntry* curing();
     QRVFrmOut_PrintEntry* warnings();
 
@@ -207,25 +209,13 @@ QRVFrmOut_PrintEntry* ReportTree::pvt() {
 
 // The name calls of crystallinity and viscoelasticity tell the unit too; where they have no
 // label they leave the unit as it was, as they leave the name.
-QRVFrmOut_PrintEntry* ReportTree::crystallinity() {
-    QrvMaterial* material = &material_;
-    QRVFrmOut_PrintEntry* entry =
-        section("Crystallinity", "Crystallinity Model", QrvGetCrystallinityModelName(material));
+QRVFrmOut_PrintEntry* ReportTree::unitNamedSection(const char* label, const char* modelLabel,
+                                                   const char* modelName, const QrvMatParam& block,
+                                                   NameWithUnit nameOf) {
+    QRVFrmOut_PrintEntry* entry = section(label, modelLabel, modelName);
     int unitId = 0;
-    addParameters(entry, material_.CR, [&](int i) {
-        std::string name = QrvGetCrystallinityParaName(material, i, unitId);
-        return ParameterLine{std::move(name), unitId};
-    });
-    return entry;
-}
-
-QRVFrmOut_PrintEntry* ReportTree::viscoelasticity() {
-    QrvMaterial* material = &material_;
-    QRVFrmOut_PrintEntry* entry =
-        section("Viscoelasticity", "VE Model", QrvGetVEModelName(material));
-    int unitId = 0;
-    addParameters(entry, material_.VE, [&](int i) {
-        std::string name = QrvGetVEParaName(material, i, unitId);
+    addParameters(entry, block, [&](int i) {
+        std::string name = nameOf(&material_, i, unitId);
         return ParameterLine{std::move(name), unitId};
     });
     return entry;
@@ -334,13 +324,16 @@ bool printMaterialReport(QrvMaterial* material, const char* moduleName, const ch
         general,
         tree.viscosity(),
         tree.pvt(),
-        tree.crystallinity(),
+        tree.unitNamedSection("Crystallinity", "Crystallinity Model",
+                              QrvGetCrystallinityModelName(material), material->CR,
+                              QrvGetCrystallinityParaName),
         tree.curve("Heat_Capacity", "Heat Capacity Model", material->Cp,
                    QrvGetCpModelName(material), "Cp", kHeatCapacityUnit),
         tree.curve("Thermal_Conductivity", "Thermal Conductivity Model", material->K,
                    QrvGetKModelName(material), "K", kConductivityUnit),
         tree.mechanical(),
-        tree.viscoelasticity(),
+        tree.unitNamedSection("Viscoelasticity", "VE Model", QrvGetVEModelName(material),
+                              material->VE, QrvGetVEParaName),
         tree.curing(),
         tree.warnings(),
     };
