@@ -111,6 +111,28 @@ TEST_F(ReportEdges, UnknownCuringModelShowsUnlabelledLinesInTheUnitOfItsNumber) 
               "     : 0.5 (cm^2/dyne)^(1-n)\n");
 }
 
+TEST_F(ReportEdges, CrystallinityAndViscoelasticityLinesTakeTheUnitOfTheirNames) {
+    QRVSetReleaseVersionUnit(1);
+    MaterialPtr material = adopt(QrvGetDefaultMaterial(4, 2, false, 2, 2, 0));
+    setBlock(material->CR, 1, {1.0, 2.0, 3.0, 4.0, 5.0, 200.0});
+    setBlock(material->VE, 1, {100.0, 250.0});
+    const std::string text = reportOf(material.get(), "Filling");
+    EXPECT_EQ(sectionOf(text, "Crystallinity"),
+              "  Crystallinity\n"
+              "    Crystallinity Model : Nakamura model\n"
+              "    Nakamura Model - (tm) : 1 sK^a\n"
+              "    Nakamura Model - (a) : 2  \n"
+              "    Nakamura Model - (1/tHalf0) : 3 1/s\n"
+              "    Nakamura Model - (n) : 4  \n"
+              "    Nakamura Model - (Kg) : 5 K^2\n"
+              "    Nakamura Model - (Tm) : 473.15 K\n");
+    EXPECT_EQ(sectionOf(text, "Viscoelasticity"),
+              "  Viscoelasticity\n"
+              "    VE Model : White-Metzner Model\n"
+              "    G : 10 Pa\n"
+              "    G : 25 Pa\n");
+}
+
 TEST_F(ReportEdges, ThermosetShowsOneEmptyWarningWhereTheSectionIsPrinted) {
     QRVSetInstallFolderPath(statisticsFolder().c_str());
     MATIO_Manipulator manipulator;
