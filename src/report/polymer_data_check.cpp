@@ -135,6 +135,29 @@ void copyBlock(CQrvPlasticMat& object, int tag, const QrvMatParam& block) {
     object.SetParam(tag, block.Source, block.Model, block.Count, block.Para);
 }
 
+// The working copy of the check: texts, versions, and the blocks by stream tag that a
+// thermoplastic of this body version carries.
+void copyMaterial(const QrvMaterial& m, CQrvPlasticMat& object) {
+    std::string polymer = textOf(m.Polymer), producer = textOf(m.Producer),
+                grade = textOf(m.GradeName), comment = textOf(m.Comment);
+    object.SetPolymer(polymer);
+    object.SetProducer(producer);
+    object.SetGradeName(grade);
+    object.SetComment(comment);
+    object.SetBodyVer(m.FileVer);
+    object.SetDateWord(m.MeasureDate);
+    object.SetTypeWord(m.FileType);
+    copyBlock(object, QRV_TAG_VIS, m.Vis);
+    copyBlock(object, QRV_TAG_PVT, m.PVT);
+    copyBlock(object, QRV_TAG_CP, m.Cp);
+    copyBlock(object, QRV_TAG_K, m.K);
+    copyBlock(object, QRV_TAG_MECH, m.Mech);
+    copyBlock(object, QRV_TAG_TEMP, m.Temp);
+    if ((m.FileVer == 9005 || m.FileVer >= 9007) && m.VE.Count > 0)
+        copyBlock(object, QRV_TAG_VE, m.VE);
+    if (m.FileVer >= 9008 && m.OP.Count >= 1) copyBlock(object, QRV_TAG_OP, m.OP);
+}
+
 }  // namespace
 
 CQrvPolymerDataCheck::CQrvPolymerDataCheck(const char* installFolder, QrvMaterial* material)
@@ -152,25 +175,7 @@ std::string CQrvPolymerDataCheck::CheckMaterial() {
     if (!Material || Material->FileType != QRV_TYPE_THERMOPLASTIC) return {};
     const QrvMaterial& m = *Material;
 
-    std::string polymer = textOf(m.Polymer), producer = textOf(m.Producer),
-                grade = textOf(m.GradeName), comment = textOf(m.Comment);
-    PlasticMat->SetPolymer(polymer);
-    PlasticMat->SetProducer(producer);
-    PlasticMat->SetGradeName(grade);
-    PlasticMat->SetComment(comment);
-    PlasticMat->SetBodyVer(m.FileVer);
-    PlasticMat->SetDateWord(m.MeasureDate);
-    PlasticMat->SetTypeWord(m.FileType);
-    copyBlock(*PlasticMat, QRV_TAG_VIS, m.Vis);
-    copyBlock(*PlasticMat, QRV_TAG_PVT, m.PVT);
-    copyBlock(*PlasticMat, QRV_TAG_CP, m.Cp);
-    copyBlock(*PlasticMat, QRV_TAG_K, m.K);
-    copyBlock(*PlasticMat, QRV_TAG_MECH, m.Mech);
-    copyBlock(*PlasticMat, QRV_TAG_TEMP, m.Temp);
-    if ((m.FileVer == 9005 || m.FileVer >= 9007) && m.VE.Count > 0)
-        copyBlock(*PlasticMat, QRV_TAG_VE, m.VE);
-    if (m.FileVer >= 9008 && m.OP.Count >= 1) copyBlock(*PlasticMat, QRV_TAG_OP, m.OP);
-
+    copyMaterial(m, *PlasticMat);
     Evaluators->Fill(*PlasticMat);
     Stat->ReadFile(textOf(m.Polymer));
 

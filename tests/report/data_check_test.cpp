@@ -266,6 +266,17 @@ TEST(DataCheck, ParameterRangeBoundsAreStrictAndTenfold) {
     EXPECT_EQ(checkWith(stats, m.get()), sentence(kVisCurve, 1));
 }
 
+TEST(DataCheck, ModelWithoutARangeBlockIsNotRangeChecked) {
+    // The file speaks of the power law only; the Newtonian material is not measured against it.
+    Stats stats;
+    stats.visModel = 2;
+    stats.visRange = {{1e9, 1e10}};
+    MaterialPtr m = quietMaterial();
+    EXPECT_EQ(checkWith(stats, m.get()), "None");
+    setBlock(m->Vis, 2, {0.0, 500, 0});  // the same viscosity, now of the model the file knows
+    EXPECT_EQ(checkWith(stats, m.get()), sentence(kVisRange, 1, "1"));
+}
+
 TEST(DataCheck, OneFailingParameterIsStillPlural) {
     Stats stats;
     stats.visModel = 3;
