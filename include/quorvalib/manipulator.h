@@ -5,6 +5,7 @@
 #define QUORVALIB_MANIPULATOR_H
 
 #include <quorvalib/export.h>
+#include <quorvalib/frmout.h>
 #include <quorvalib/record.h>
 
 class QRV_API MATIO_Manipulator {
@@ -33,6 +34,20 @@ public:
     // mark becomes visId >= 10, though the generated record has FileType 1.
     bool GetDefaultMaterial(int visId, int pvtId, bool crystalline, int cpId, int kId,
                             int fillerId);
+
+    // Prints the report of the held record into stream, for the analysis module moduleName (see
+    // QRVFrmOut_TranslateModuleName: the module picks the sections; an unknown, empty or null name
+    // prints the root line alone), naming materialFile (null shows empty) as its file. Values are
+    // in the unit system of QRVGetReleaseVersionUnit (0 when it answers false); the warnings come
+    // from the polymer data check with the statistics file "Bank/System/StatData.sta" below
+    // QRVGetInstallFolderPath (the warning section stays empty when it answers false; a missing
+    // file gives only the checks that need no statistics). A Comment of fewer than 2 characters
+    // (null too) shows "None"; a null text shows empty; a block whose Para is null shows its
+    // model line alone; the freeze temperature is empty unless the record is a thermoplastic with
+    // 8 or more Temp values. True when the print succeeded; false, with nothing written, when no
+    // record is held.
+    bool GetLogString(const char* moduleName, const char* materialFile,
+                      QRVFrmOut_StringStream& stream);
 
     // The held record, null when none is held.
     const QrvMaterial* GetQrvMaterial();
@@ -134,8 +149,6 @@ public:
 private:
     bool isRIM;
     QrvMaterial* Record;
-
-    void hold(QrvMaterial* record);
 };
 
 #endif

@@ -6,10 +6,12 @@
 #include <quorvalib/evaluators.h>
 #include <quorvalib/export.h>
 #include <quorvalib/files.h>
+#include <quorvalib/frmout.h>
 #include <quorvalib/manipulator.h>
 #include <quorvalib/measured.h>
 #include <quorvalib/properties.h>
 #include <quorvalib/record.h>
+#include <quorvalib/registry.h>
 #include <quorvalib/version.h>
 #include <quorvalib/vocabulary.h>
 

@@ -4,16 +4,27 @@
 #include <quorvalib/properties.h>
 #include <quorvalib/version.h>
 
+#include "facade/held_record.h"
+
 namespace {
 
 constexpr int kThermosetFirstVisId = 10;
 
 }  // namespace
 
+namespace qrv {
+
+void replaceRecord(QrvMaterial*& held, QrvMaterial* record) {
+    if (held) QrvReleaseMaterial(held);
+    held = record;
+}
+
+}  // namespace qrv
+
 MATIO_Manipulator::MATIO_Manipulator() : isRIM(false), Record(nullptr) {}
 
 MATIO_Manipulator::~MATIO_Manipulator() {
-    hold(nullptr);
+    qrv::replaceRecord(Record, nullptr);
 }
 
 MATIO_Manipulator& MATIO_Manipulator::operator=(const MATIO_Manipulator& other) {
@@ -22,16 +33,12 @@ MATIO_Manipulator& MATIO_Manipulator::operator=(const MATIO_Manipulator& other) 
     return *this;
 }
 
-void MATIO_Manipulator::hold(QrvMaterial* record) {
-    if (Record) QrvReleaseMaterial(Record);
-    Record = record;
-}
-
 bool MATIO_Manipulator::GetDefaultMaterial(int visId, int pvtId, bool crystalline, int cpId,
                                            int kId, int fillerId) {
     isRIM = visId >= kThermosetFirstVisId;
-    hold(nullptr);
-    hold(QrvGetDefaultMaterial(visId, pvtId, crystalline, cpId, kId, fillerId));
+    qrv::replaceRecord(Record, nullptr);
+    qrv::replaceRecord(Record,
+                       QrvGetDefaultMaterial(visId, pvtId, crystalline, cpId, kId, fillerId));
     return Record != nullptr;
 }
 

@@ -4,6 +4,8 @@
 
 #include <cstring>
 
+#include "facade/held_record.h"
+
 namespace {
 
 bool nameTooShort(const char* path) {
@@ -15,8 +17,8 @@ bool nameTooShort(const char* path) {
 bool MATIO_Manipulator::GetMaterial(const char* path) {
     if (nameTooShort(path)) return false;
     isRIM = QrvIsRIM(path);
-    hold(nullptr);
-    hold(isRIM ? QrvGetMaterialRIM(path) : QrvGetMaterial(path));
+    qrv::replaceRecord(Record, nullptr);
+    qrv::replaceRecord(Record, isRIM ? QrvGetMaterialRIM(path) : QrvGetMaterial(path));
     return Record != nullptr;
 }
 
