@@ -311,7 +311,7 @@ TEST(BatchExact, OutputMayBeTheInputArrayItself) {
     inPlace = c.P;
     QrvGetDensityN(pvt.get(), c.size(), inPlace.data(), c.t.data(), nullptr, inPlace.data());
     expectBitsEqual(
-        inPlace, c.size(), [&](int i) { return QrvGetDensity(pvt.get(), c.P[i], c.t[i], c.x[i]); },
+        inPlace, c.size(), [&](int i) { return QrvGetDensity(pvt.get(), c.P[i], c.t[i], 0.0); },
         "density over pressure");
 }
 
