@@ -23,7 +23,7 @@ template <int Id>
 void viscosityLoop(const double* p, int n, const double* g, const double* t, const double* P,
                    const double* x, double* out) {
     constexpr viscosity::Evaluator evaluate = viscosity::kModels[Id].evaluate;
-    if constexpr (evaluate != nullptr) {
+    if constexpr (viscosity::kModels[Id].valuesRead > 0) {  // an id with a formula
         withColumns(P, x, [&](auto pressure, auto conversion) {
             for (int i = 0; i < n; ++i)
                 out[i] = evaluate(p, g[i], t[i], pressure[i], conversion[i]);
@@ -36,7 +36,7 @@ template <int Id>
 void volumeLoop(const double* p, int n, const double* P, const double* t, const double* x,
                 const double*, double* out) {
     constexpr pvt::Evaluator evaluate = pvt::kModels[Id].evaluate;
-    if constexpr (evaluate != nullptr) {
+    if constexpr (pvt::kModels[Id].valuesRead > 0) {  // an id with a formula
         withColumns(P, x, [&](auto pressure, auto conversion) {
             for (int i = 0; i < n; ++i)
                 out[i] = evaluate(p, pressure[i], t[i] + pvt::kCelsiusToKelvin, conversion[i]);

@@ -13,7 +13,6 @@ struct Avx2Math {
     using V = __m256d;
     static V exp(V v) { return Sleef_expd4_u10avx2(v); }
     static V log(V v) { return Sleef_logd4_u10avx2(v); }
-    static V pow(V a, V b) { return Sleef_powd4_u10avx2(a, b); }
 };
 
 }  // namespace

@@ -13,7 +13,6 @@ struct Avx512Math {
     using V = __m512d;
     static V exp(V v) { return Sleef_expd8_u10avx512f(v); }
     static V log(V v) { return Sleef_logd8_u10avx512f(v); }
-    static V pow(V a, V b) { return Sleef_powd8_u10avx512f(a, b); }
 };
 
 }  // namespace

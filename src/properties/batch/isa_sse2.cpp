@@ -13,7 +13,6 @@ struct Sse2Math {
     using V = __m128d;
     static V exp(V v) { return Sleef_expd2_u10sse2(v); }
     static V log(V v) { return Sleef_logd2_u10sse2(v); }
-    static V pow(V a, V b) { return Sleef_powd2_u10sse2(a, b); }
 };
 
 }  // namespace

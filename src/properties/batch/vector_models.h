@@ -1,10 +1,10 @@
 // The viscosity and PVT formulas on vectors of doubles, written once over a maths policy `M` that
 // each instruction-set file supplies:
 //   M::V               a GNU vector of doubles (__m128d, __m256d, __m512d)
-//   M::exp, M::log     V -> V, M::pow (V, V) -> V, each of at most 1.0 ulp error
+//   M::exp, M::log     V -> V, each of at most 1.0 ulp error
 //
 // Every formula keeps the order of operations of its scalar kernel (viscosity_models.h,
-// pvt_models.h), so that the only differences are those of the vector exp, log and pow. A
+// pvt_models.h), so that the only differences are those of the vector exp and log. A
 // block whose result has a lane that is not a finite normal number recomputes that lane with the
 // exact loop, which gives failure values and non-finite inputs exactly the exact form's result.
 //
@@ -43,11 +43,61 @@ struct VectorModels {
             folded[0] |= m[k];
         return folded[0] != 0;
     }
+    static V abs(V v) {
+        return reinterpret_cast<V>(reinterpret_cast<Mask>(v) & (Mask{} + 0x7fffffffffffffffLL));
+    }
     // True in the lanes that hold a finite normal number.
     static Mask normal(V r) {
-        const V magnitude =
-            reinterpret_cast<V>(reinterpret_cast<Mask>(r) & (Mask{} + 0x7fffffffffffffffLL));
+        const V magnitude = abs(r);
         return (magnitude >= __DBL_MIN__) & (magnitude <= __DBL_MAX__);
+    }
+
+    // The exact product a b as hi + lo (Dekker's split; no fused multiply-add is assumed).
+    static void product(V a, V b, V& hi, V& lo) {
+        const double split = 134217729.0;  // 2^27 + 1
+        const V ca = split * a, cb = split * b;
+        const V ahi = ca - (ca - a), bhi = cb - (cb - b);
+        const V alo = a - ahi, blo = b - bhi;
+        hi = a * b;
+        lo = ((ahi * bhi - hi) + ahi * blo + alo * bhi) + alo * blo;
+    }
+
+    // a^b for positive normal a, as exp(b ln a) with b ln a carried in two doubles: a = 2^e m with
+    // m in [sqrt(1/2), sqrt(2)), ln a = e ln 2 + ln m, where e ln 2 is exact in two parts and ln m
+    // is small, so the vector log's last-bit error stays small in absolute terms; the rounding
+    // of the product b ln a is kept and applied after exp. The result is within about
+    // (|b| 0.1 + 2) 1e-16 relative of the true power, whatever the size of b ln a. Lanes with a
+    // base that is not positive, normal and finite take the scalar pow of the same arguments,
+    // which is the exact form's own.
+    static V power(V a, V b) {
+        using Bits = Mask;
+        const Bits bits = reinterpret_cast<Bits>(a);
+        const Bits biased = (bits >> 52) & 0x7ff;
+        // Mantissa in [1, 2), moved to [sqrt(1/2), sqrt(2)) with the exponent one higher.
+        V m = reinterpret_cast<V>((bits & 0x000fffffffffffffLL) | 0x3ff0000000000000LL);
+        const Mask high = m > 1.4142135623730951;
+        m = select(high, m * 0.5, m);
+        // The exponent as a double, through the bits of 2^52 + k (k = biased + 1 where high).
+        const V e = reinterpret_cast<V>((biased - high) | 0x4330000000000000LL) -
+                    (4503599627370496.0 + 1023.0);
+        const double ln2hi = 6.93147180369123816490e-01;  // 0x3fe62e42fee00000: e ln2hi is exact
+        const double ln2lo = 1.90821492927058770002e-10;
+        const V lnm = M::log(m);
+        // L = e ln2hi + lnm as hi + lo, then the small e ln2lo added to lo.
+        const V eh = e * ln2hi;
+        const V Lhi = eh + lnm;
+        const V Llo = (eh - Lhi) + lnm + e * ln2lo;
+        V yhi, ylo;
+        product(b, Lhi, yhi, ylo);
+        ylo = ylo + b * Llo;
+        V r = M::exp(yhi);
+        r = r + r * ylo;
+        const Mask usable = (a >= __DBL_MIN__) & (a <= __DBL_MAX__) & (abs(yhi) <= 700.0);
+        if (any(~usable)) {
+            for (int k = 0; k < kWidth; ++k)
+                if (!usable[k]) r[k] = __builtin_pow(a[k], b[k]);
+        }
+        return r;
     }
 
     // Runs `formula(i)` on the full vectors of n points and writes them to out; lanes that are not
@@ -83,7 +133,7 @@ struct VectorModels {
             case 2: {
                 const V n1 = splat(p[0] - 1), B = splat(p[1]), Tb = splat(p[2]);
                 return blocks(
-                    n, out, [&](int i) { return B * M::exp(Tb / T(i)) * M::pow(load(g, i), n1); },
+                    n, out, [&](int i) { return B * M::exp(Tb / T(i)) * power(load(g, i), n1); },
                     exact);
             }
             case 3: {
@@ -93,7 +143,7 @@ struct VectorModels {
                     n, out,
                     [&](int i) {
                         const V eta0 = B * M::exp(Tb / T(i) + D * column(P, i));
-                        return eta0 / (1.0 + C * M::pow(eta0 * load(g, i), n1));
+                        return eta0 / (1.0 + C * power(eta0 * load(g, i), n1));
                     },
                     exact);
             }
@@ -104,7 +154,7 @@ struct VectorModels {
                     n, out,
                     [&](int i) {
                         const V eta0 = B * M::exp(Tb / T(i) + D * column(P, i));
-                        return eta0 / (1.0 + M::pow(eta0 * load(g, i) / Taus, n1));
+                        return eta0 / (1.0 + power(eta0 * load(g, i) / Taus, n1));
                     },
                     exact);
             }
@@ -118,7 +168,7 @@ struct VectorModels {
                         const V Tstar = D2 + D3 * Pv;
                         const V eta0 = D1 * M::exp(-A1 * (tv + 273.15 - Tstar) /
                                                    (D3 * Pv + A2b + tv + 273.15 - Tstar));
-                        return eta0 / (1.0 + M::pow(eta0 * load(g, i) / Taus, n1));
+                        return eta0 / (1.0 + power(eta0 * load(g, i) / Taus, n1));
                     },
                     exact);
             }
@@ -129,7 +179,7 @@ struct VectorModels {
                     n, out,
                     [&](int i) {
                         const V xv = column(x, i);
-                        return M::pow(Cg / (Cg - xv), C1 + C2 * xv) * A * M::exp(Tb / T(i));
+                        return power(Cg / (Cg - xv), C1 + C2 * xv) * A * M::exp(Tb / T(i));
                     },
                     exact);
             }
@@ -153,7 +203,7 @@ struct VectorModels {
                         const V b = b0 + b1 * xv + b2 * tau;
                         V m = c0 * M::exp(c1 * xv + c2 * tau);
                         m = select(low > m, low, select(m > high, high, m));
-                        return M::exp(b / T(i) + a) * M::pow(load(g, i), m - 1.0);
+                        return M::exp(b / T(i) + a) * power(load(g, i), m - 1.0);
                     },
                     exact);
             }
@@ -165,8 +215,8 @@ struct VectorModels {
                     [&](int i) {
                         const V xv = column(x, i);
                         const V f = A * M::exp(Tb / T(i));
-                        return f * M::pow(Cg / (Cg - xv), C1 + C2 * xv) /
-                               (1.0 + M::pow(f * load(g, i) / Taus, n1));
+                        return f * power(Cg / (Cg - xv), C1 + C2 * xv) /
+                               (1.0 + power(f * load(g, i) / Taus, n1));
                     },
                     exact);
             }
@@ -178,8 +228,8 @@ struct VectorModels {
                     n, out,
                     [&](int i) {
                         const V xv = column(x, i), Tv = T(i), gv = load(g, i);
-                        return K00 * M::pow(Cg / (Cg - xv), C1 + C2 * xv) *
-                                   M::exp(-CA * (Tv - Tg) / (CB + Tv - Tg)) * M::pow(gv, n1) +
+                        return K00 * power(Cg / (Cg - xv), C1 + C2 * xv) *
+                                   M::exp(-CA * (Tv - Tg) / (CB + Tv - Tg)) * power(gv, n1) +
                                Tauy0 * M::exp(C2 / Tv) / gv;
                     },
                     exact);
