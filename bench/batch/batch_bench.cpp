@@ -120,43 +120,40 @@ void volumeFloor(benchmark::State& state) {
 
 using qrv::batch::InstructionSet;
 
-// set < 0: the exact form; otherwise the fast form limited to that instruction set.
-void viscosityBatch(benchmark::State& state) {
-    const int id = static_cast<int>(state.range(0));
+// range(1) < 0: the exact form; otherwise the fast form limited to that instruction set.
+// call(fast) makes one batch call over the 10^6 points.
+template <typename Call>
+void timeBatch(benchmark::State& state, Call call) {
     const int set = static_cast<int>(state.range(1));
     if (set > static_cast<int>(qrv::batch::widestSupported())) {
         state.SkipWithError("instruction set not supported here");
         return;
     }
-    auto m = record(false, id);
-    Points& p = points(false);
-    auto call = set < 0 ? QrvGetViscosityN : QrvGetViscosityNFast;
     if (set >= 0) qrv::batch::limitInstructionSet(static_cast<InstructionSet>(set));
     for (auto _ : state) {
-        call(m.get(), kPoints, p.g.data(), p.t.data(), p.P.data(), p.x.data(), p.out.data());
+        call(set >= 0);
         benchmark::ClobberMemory();
     }
     qrv::batch::limitInstructionSet(InstructionSet::Avx512);
     state.SetItemsProcessed(state.iterations() * kPoints);
 }
 
+void viscosityBatch(benchmark::State& state) {
+    auto m = record(false, static_cast<int>(state.range(0)));
+    Points& p = points(false);
+    timeBatch(state, [&](bool fast) {
+        (fast ? QrvGetViscosityNFast : QrvGetViscosityN)(m.get(), kPoints, p.g.data(), p.t.data(),
+                                                         p.P.data(), p.x.data(), p.out.data());
+    });
+}
+
 void volumeBatch(benchmark::State& state) {
-    const int id = static_cast<int>(state.range(0));
-    const int set = static_cast<int>(state.range(1));
-    if (set > static_cast<int>(qrv::batch::widestSupported())) {
-        state.SkipWithError("instruction set not supported here");
-        return;
-    }
-    auto m = record(true, id);
+    auto m = record(true, static_cast<int>(state.range(0)));
     Points& p = points(true);
-    auto call = set < 0 ? QrvGetSpecificVolumeN : QrvGetSpecificVolumeNFast;
-    if (set >= 0) qrv::batch::limitInstructionSet(static_cast<InstructionSet>(set));
-    for (auto _ : state) {
-        call(m.get(), kPoints, p.P.data(), p.t.data(), p.x.data(), p.out.data());
-        benchmark::ClobberMemory();
-    }
-    qrv::batch::limitInstructionSet(InstructionSet::Avx512);
-    state.SetItemsProcessed(state.iterations() * kPoints);
+    timeBatch(state, [&](bool fast) {
+        (fast ? QrvGetSpecificVolumeNFast : QrvGetSpecificVolumeN)(
+            m.get(), kPoints, p.P.data(), p.t.data(), p.x.data(), p.out.data());
+    });
 }
 
 // Exact (-1), then the fast form on SSE2 (0), AVX2 (1), AVX-512 (2).
