@@ -150,6 +150,30 @@ TEST_P(BatchFast, EveryPvtModelIsWithinToleranceOfTheExactForm) {
     }
 }
 
+TEST_P(BatchFast, PowersHoldTheToleranceForLargeExponents) {
+    // g^(n-1) over shear rates from 1e-300 to 1e300 and exponents up to 2.5 in size: b ln a
+    // reaches about 1700, past overflow, where a vector log's last-bit error alone would exceed
+    // 1e-14 many times over if b ln a were formed in one double. Subnormal and zero bases too.
+    std::vector<double> g, t;
+    for (int e = -300; e <= 300; e += 7) {
+        for (double m : {1.0, 1.7, 3.3, 9.1}) {
+            g.push_back(m * std::pow(10.0, e));
+            t.push_back(25.0 + e);
+        }
+    }
+    for (double tiny : {4.9e-324, 1e-310, 0.0, -0.0, -1.0})
+        g.push_back(tiny), t.push_back(100.0);
+    const int n = static_cast<int>(g.size());
+    for (double exponent : {-1.5, -0.75, 0.001, 1.0, 2.5, 3.5}) {
+        auto record = makeRecord();
+        setBlock(record->Vis, 2, {exponent, 1.0, 0.0});  // B e^(0/T) g^(n-1) = g^(n-1)
+        std::vector<double> fast(n), exact(n);
+        QrvGetViscosityNFast(record.get(), n, g.data(), t.data(), nullptr, nullptr, fast.data());
+        QrvGetViscosityN(record.get(), n, g.data(), t.data(), nullptr, nullptr, exact.data());
+        expectClose(fast, exact, "viscosity PowerLaw wide");
+    }
+}
+
 TEST_P(BatchFast, VectorTailsWriteExactlyCountResults) {
     const Columns c = qrvtest::grid();
     const double canary = -12345.0;

@@ -4,9 +4,10 @@
 //   M::exp, M::log     V -> V, each of at most 1.0 ulp error
 //
 // Every formula keeps the order of operations of its scalar kernel (viscosity_models.h,
-// pvt_models.h), so that the only differences are those of the vector exp and log. A
-// block whose result has a lane that is not a finite normal number recomputes that lane with the
-// exact loop, which gives failure values and non-finite inputs exactly the exact form's result.
+// pvt_models.h), so that the only differences are those of the vector exp and log (and of the
+// powers built from them, see power() below). A block whose result has a lane that is not a finite
+// normal number recomputes that lane with the exact loop, which gives failure values and non-finite
+// inputs exactly the exact form's result.
 //
 // This header is included only by the instruction-set files, each compiled with its own -m
 // flags. Everything here is a template of the file's own policy type, which lives in an unnamed
@@ -83,10 +84,13 @@ struct VectorModels {
         const double ln2hi = 6.93147180369123816490e-01;  // 0x3fe62e42fee00000: e ln2hi is exact
         const double ln2lo = 1.90821492927058770002e-10;
         const V lnm = M::log(m);
-        // L = e ln2hi + lnm as hi + lo, then the small e ln2lo added to lo.
+        // L = e ln2hi + lnm + e ln2lo as Lhi + Llo, normalised so that Llo is below an ulp of Lhi:
+        // e ln2lo alone reaches 2e-7, and the correction exp(ylo) ~ 1 + ylo below needs ylo tiny.
         const V eh = e * ln2hi;
-        const V Lhi = eh + lnm;
-        const V Llo = (eh - Lhi) + lnm + e * ln2lo;
+        const V sum = eh + lnm;
+        const V rest = ((eh - sum) + lnm) + e * ln2lo;
+        const V Lhi = sum + rest;
+        const V Llo = rest - (Lhi - sum);
         V yhi, ylo;
         product(b, Lhi, yhi, ylo);
         ylo = ylo + b * Llo;
