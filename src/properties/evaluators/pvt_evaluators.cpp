@@ -18,7 +18,8 @@ CPVTConstant::CPVTConstant(const double* para) {
 }
 
 double CPVTConstant::Evaluate(double, double) {
-    return qrv::pvt::constantDensity(V0);
+    const double para[] = {V0};
+    return qrv::pvt::constantDensity(para, 0.0, 0.0, 0.0);
 }
 
 CPVTSpencerGilmore::CPVTSpencerGilmore(const double* para) {
@@ -27,7 +28,8 @@ CPVTSpencerGilmore::CPVTSpencerGilmore(const double* para) {
 }
 
 double CPVTSpencerGilmore::Evaluate(double pressure, double temperature) {
-    return qrv::pvt::spencerGilmore(V0, P0, R, pressure, temperature);
+    const double para[] = {V0, P0, R};
+    return qrv::pvt::spencerGilmore(para, pressure, temperature, 0.0);
 }
 
 CPVTTai::CPVTTai(const double* para) {
@@ -48,7 +50,8 @@ CPVTModifiedTai1::CPVTModifiedTai1(const double* para) {
 }
 
 double CPVTModifiedTai1::Evaluate(double pressure, double temperature) {
-    return qrv::pvt::modifiedTait1(b1, b2, b3, b4, b5, b6, C, pressure, temperature);
+    const double para[] = {b1, b2, b3, b4, b5, b6, C};
+    return qrv::pvt::modifiedTait1(para, pressure, temperature, 0.0);
 }
 
 CPVTModifiedTai2::CPVTModifiedTai2(const double* para) {
@@ -59,8 +62,8 @@ CPVTModifiedTai2::CPVTModifiedTai2(const double* para) {
 }
 
 double CPVTModifiedTai2::Evaluate(double pressure, double temperature) {
-    return qrv::pvt::modifiedTait2({b1L, b2L, b3L, b4L}, {b1S, b2S, b3S, b4S}, b5, b6, b7, b8, b9,
-                                   pressure, temperature);
+    const double para[] = {b1L, b2L, b3L, b4L, b1S, b2S, b3S, b4S, b5, b6, b7, b8, b9};
+    return qrv::pvt::modifiedTait2(para, pressure, temperature, 0.0);
 }
 
 }  // namespace MaterialProperty

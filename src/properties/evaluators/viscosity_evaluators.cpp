@@ -28,7 +28,8 @@ CVisPowerLaw::CVisPowerLaw(const double* para) {
 }
 
 double CVisPowerLaw::Evaluate(double shearRate, double temperature, double) {
-    return vis::powerLaw(n, B, Tb, shearRate, temperature);
+    const double para[] = {n, B, Tb};
+    return vis::powerLaw(para, shearRate, temperature, 0.0, 0.0);
 }
 
 CVisModifiedCross1::CVisModifiedCross1(const double* para) {
@@ -37,7 +38,8 @@ CVisModifiedCross1::CVisModifiedCross1(const double* para) {
 }
 
 double CVisModifiedCross1::Evaluate(double shearRate, double temperature, double pressure) {
-    return vis::modifiedCross1(n, C, B, Tb, D, shearRate, temperature, pressure);
+    const double para[] = {n, C, B, Tb, D};
+    return vis::modifiedCross1(para, shearRate, temperature, pressure, 0.0);
 }
 
 CVisModifiedCross2::CVisModifiedCross2(const double* para) {
@@ -46,7 +48,8 @@ CVisModifiedCross2::CVisModifiedCross2(const double* para) {
 }
 
 double CVisModifiedCross2::Evaluate(double shearRate, double temperature, double pressure) {
-    return vis::modifiedCross2(n, Taus, B, Tb, D, shearRate, temperature, pressure);
+    const double para[] = {n, Taus, B, Tb, D};
+    return vis::modifiedCross2(para, shearRate, temperature, pressure, 0.0);
 }
 
 CVisModifiedCross3::CVisModifiedCross3(const double* para) {
@@ -55,7 +58,8 @@ CVisModifiedCross3::CVisModifiedCross3(const double* para) {
 }
 
 double CVisModifiedCross3::Evaluate(double shearRate, double temperature, double pressure) {
-    return vis::modifiedCross3(n, Taus, D1, D2, D3, A1, A2b, shearRate, temperature, pressure);
+    const double para[] = {n, Taus, D1, D2, D3, A1, A2b};
+    return vis::modifiedCross3(para, shearRate, temperature, pressure, 0.0);
 }
 
 CVisCarreau::CVisCarreau(const double* para) {

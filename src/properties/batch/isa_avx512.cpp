@@ -1,0 +1,25 @@
+// The vector forms on AVX-512, eight doubles wide. This file is compiled with -mavx512f
+// (CMakeLists.txt) and only entered when the processor has AVX-512F.
+#include <immintrin.h>
+#include <sleef.h>
+
+#include "properties/batch/instruction_sets.h"
+#include "properties/batch/vector_models.h"
+
+namespace qrv::batch {
+namespace {
+
+struct Avx512Math {
+    using V = __m512d;
+    static V exp(V v) { return Sleef_expd8_u10avx512f(v); }
+    static V log(V v) { return Sleef_logd8_u10avx512f(v); }
+};
+
+}  // namespace
+
+VectorForms avx512Forms() {
+    return {InstructionSet::Avx512, &VectorModels<Avx512Math>::viscosity,
+            &VectorModels<Avx512Math>::volume};
+}
+
+}  // namespace qrv::batch
