@@ -1,6 +1,6 @@
 // The names and existence tests behind the material file entry points.
-#ifndef QRV_RECORD_FILE_NAMES_H
-#define QRV_RECORD_FILE_NAMES_H
+#ifndef QRV_FILES_FILE_NAMES_H
+#define QRV_FILES_FILE_NAMES_H
 
 namespace qrv {
 constexpr int kFileNameBufferSize = 520;

@@ -17,7 +17,7 @@
 #include "formats/legacy_block.h"
 #include "formats/locale_guard.h"
 #include "properties/mech_layout.h"
-#include "record/file_names.h"
+#include "files/file_names.h"
 #include "record/material_internal.h"
 
 namespace {

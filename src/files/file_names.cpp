@@ -1,4 +1,4 @@
-#include "record/file_names.h"
+#include "files/file_names.h"
 
 #include <cctype>
 #include <cstdio>
