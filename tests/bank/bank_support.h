@@ -28,8 +28,9 @@ inline void setTexts(QrvMaterial& m, const std::string& polymer, const std::stri
 
 // A thermoplastic of the given body version with a block in every thermoplastic place; each
 // block's own Source is 7, so that the bank's 1000 shows.
-inline MaterialPtr thermoplasticRecord(int fileVer = 9012, const std::string& grade = "GB 2003D") {
-    MaterialPtr m = makeRecord(QRV_TYPE_THERMOPLASTIC);
+inline void fillThermoplastic(QrvMaterial* m, int fileVer = 9012,
+                              const std::string& grade = "GB 2003D") {
+    m->FileType = QRV_TYPE_THERMOPLASTIC;
     m->FileVer = fileVer;
     m->LastEditDate = 20240314;
     m->MeasureDate = 20190101;
@@ -47,6 +48,11 @@ inline MaterialPtr thermoplasticRecord(int fileVer = 9012, const std::string& gr
     setBlock(m->KN, 2, {0.5});  // not a thermoplastic's block
     for (QrvMatParam QrvMaterial::*block : qrv::kBlocks)
         if (((*m).*block).Count > 0) ((*m).*block).Source = 7;
+}
+
+inline MaterialPtr thermoplasticRecord(int fileVer = 9012, const std::string& grade = "GB 2003D") {
+    MaterialPtr m = makeRecord();
+    fillThermoplastic(m.get(), fileVer, grade);
     return m;
 }
 
@@ -70,10 +76,10 @@ inline MaterialPtr thermosetRecord() {
     return m;
 }
 
-inline MaterialPtr metalRecord(const std::string& grade = "Stainless 316L",
-                               const std::string& comment = "Austenitic D=7.99 g/cc",
-                               int fileType = QRV_TYPE_METAL, const std::string& kind = "Metal") {
-    MaterialPtr m = makeRecord(fileType);
+inline void fillMetal(QrvMaterial* m, const std::string& grade = "Stainless 316L",
+                      const std::string& comment = "Austenitic D=7.99 g/cc",
+                      int fileType = QRV_TYPE_METAL, const std::string& kind = "Metal") {
+    m->FileType = fileType;
     m->FileVer = 7101;
     m->LastEditDate = 20220707;
     m->MeasureDate = 20191001;
@@ -82,6 +88,13 @@ inline MaterialPtr metalRecord(const std::string& grade = "Stainless 316L",
     setBlock(m->K, 1, {1.63e6});
     setBlock(m->Mech, 0, {0.27, 0.28, 1.93e12, 1.93e12, 7.6e11, 1.6e-5, 1.7e-5});
     setBlock(m->Vis, 1, {1.0});  // not a non-polymer's block
+}
+
+inline MaterialPtr metalRecord(const std::string& grade = "Stainless 316L",
+                               const std::string& comment = "Austenitic D=7.99 g/cc",
+                               int fileType = QRV_TYPE_METAL, const std::string& kind = "Metal") {
+    MaterialPtr m = makeRecord();
+    fillMetal(m.get(), grade, comment, fileType, kind);
     return m;
 }
 
