@@ -75,12 +75,15 @@ TEST(BankWalk, AppendAndReopenStartTheWalkAnew) {
     ASSERT_TRUE(bank.OpenFile(path.c_str(), true));
     ASSERT_EQ(bank.GetMaterialCount(), 3);
     EXPECT_EQ(gradeAt(bank, 3), "<none>");
+    EXPECT_EQ(gradeAt(bank, 4), "<none>");  // the walk has met the end
     CQrvNonPolyMat added(nullptr);
     std::string grade = "added";
     added.SetGradeName(grade);
     ASSERT_TRUE(bank.AppendMaterial(&added));
-    EXPECT_EQ(bank.GetMaterialCount(), 4);
+    ASSERT_TRUE(bank.AppendMaterial(&added));
+    EXPECT_EQ(bank.GetMaterialCount(), 5);
     EXPECT_EQ(gradeAt(bank, 3), "added");
+    EXPECT_EQ(gradeAt(bank, 4), "added");
 
     // The file replaced behind the stream's back is seen after a new open.
     qrvtest::writeFile(path, bankOf(6));
