@@ -51,6 +51,16 @@ bool QrvMapFileName(const char* path, const char** mapped) {
     return true;
 }
 
+namespace qrv {
+
+bool mapsToOtherName(const char* path) {
+    if (!path) return false;
+    const std::size_t length = std::strlen(path);
+    return endsWith(path, length, "emc") || endsWith(path, length, "mat");
+}
+
+}  // namespace qrv
+
 bool QrvFileExists(const char* path, bool removeIt) {
     if (!path) return false;
     {

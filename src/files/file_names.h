@@ -4,7 +4,10 @@
 
 namespace qrv {
 constexpr int kFileNameBufferSize = 520;
-}
+
+// True when QrvMapFileName gives another name than path: it ends in "emc" or "mat", any case.
+bool mapsToOtherName(const char* path);
+}  // namespace qrv
 
 // Copies path into the one static 520-byte name buffer and hands out its address: an old
 // ending "emc" (any case) becomes "mtx", "mat" becomes "mtr" (the "." is never looked at, so

@@ -134,12 +134,7 @@ CQrvMatBase* CQrvBankStream::LoadMaterial(int index) {
     restart();
     if (!reachFrame(index > 0 ? static_cast<std::size_t>(index) : 0)) return nullptr;
     moveTo(FrameStarts[index > 0 ? static_cast<std::size_t>(index) : 0]);
-    std::int32_t size = 0;
-    std::int32_t objType = 0;
-    if (!Bytes.ReadInt(size) || !Bytes.ReadInt(objType)) return nullptr;
-    Object = qrv::newObjectOfType(objType, &Bytes);
-    if (!Object) return nullptr;
-    Object->Read();
+    Object = qrv::readFrame(Bytes);
     return Object.get();
 }
 
