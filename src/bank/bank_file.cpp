@@ -28,9 +28,12 @@ bool tooShortForBank(const char* path) {
 }
 
 void keepForProcess(QrvMaterial* material) {
-    using Kept = std::unique_ptr<QrvMaterial, void (*)(QrvMaterial*)>;
+    // Held in a type of the library's own, so that the vector's code is not exported.
+    struct Kept {
+        std::unique_ptr<QrvMaterial, void (*)(QrvMaterial*)> material;
+    };
     static std::vector<Kept> kept;
-    if (material) kept.emplace_back(material, QrvReleaseMaterial);
+    if (material) kept.push_back({{material, QrvReleaseMaterial}});
 }
 
 }  // namespace qrv::bank

@@ -90,10 +90,10 @@ bool CQrvBankStream::reachFrame(std::size_t index) {
     if (index < FrameStarts.size()) return true;
     if (WalkEnded) return false;
     if (FrameStarts.empty()) {
-        FrameStarts.push_back(kFirstFrame);
+        FrameStarts.push_back({kFirstFrame});
         if (index == 0) return true;
     }
-    std::streamoff here = FrameStarts.back();
+    std::streamoff here = FrameStarts.back().at;
     moveTo(here);
     for (;;) {
         std::int32_t size = 0;
@@ -104,7 +104,7 @@ bool CQrvBankStream::reachFrame(std::size_t index) {
             return false;
         }
         const std::streamoff next = here + 4 + size;
-        FrameStarts.push_back(next);
+        FrameStarts.push_back({next});
         if (index < FrameStarts.size()) return true;
         const std::streamsize buffered = rdbuf()->in_avail();
         if (buffered > 0 && size <= buffered)
@@ -122,7 +122,7 @@ int CQrvBankStream::GetMaterialCount() {
     const std::streamoff end = tellg();
     int count = 0;
     // A frame that starts before the end counts, however it ends.
-    for (std::size_t i = 0; reachFrame(i) && FrameStarts[i] < end; ++i)
+    for (std::size_t i = 0; reachFrame(i) && FrameStarts[i].at < end; ++i)
         ++count;
     restart();
     return count;
@@ -133,7 +133,7 @@ CQrvMatBase* CQrvBankStream::LoadMaterial(int index) {
     if (!IsOpen) return nullptr;
     restart();
     if (!reachFrame(index > 0 ? static_cast<std::size_t>(index) : 0)) return nullptr;
-    moveTo(FrameStarts[index > 0 ? static_cast<std::size_t>(index) : 0]);
+    moveTo(FrameStarts[index > 0 ? static_cast<std::size_t>(index) : 0].at);
     Object = qrv::readFrame(Bytes);
     return Object.get();
 }

@@ -87,7 +87,11 @@ private:
     CQrvBinaryStream Bytes{*this};
     // Starts of the frames walked to so far: frame i starts at FrameStarts[i], reached from the
     // first frame by i steps that could be taken. WalkEnded: no step leads behind the last one.
-    std::vector<std::streamoff> FrameStarts;
+    // (A type of the library's own, so that the vector's code is not exported with the std types.)
+    struct FrameStart {
+        std::streamoff at;
+    };
+    std::vector<FrameStart> FrameStarts;
     bool WalkEnded = false;
     std::unique_ptr<CQrvMatBase> Object;  // declared behind Bytes, so destroyed before it
 };
