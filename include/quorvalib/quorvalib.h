@@ -2,6 +2,7 @@
 #ifndef QUORVALIB_QUORVALIB_H
 #define QUORVALIB_QUORVALIB_H
 
+#include <quorvalib/bank.h>
 #include <quorvalib/batch.h>
 #include <quorvalib/defaults.h>
 #include <quorvalib/evaluators.h>

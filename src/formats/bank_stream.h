@@ -11,12 +11,19 @@
 // negative ObjSize cannot be walked past, so such a frame counts as reaching the end of the file.
 // A frame whose ObjType is not 0, 1 or 2, or whose ObjType cannot be read, gives no object: the
 // load is null. Reads behind the end of a short frame fail silently (see formats/binary_stream.h).
+//
+// Walking. The stream remembers where each frame it has walked to starts, for as long as it stays
+// open and nothing is appended, so that going through every entry of an open bank reads each
+// ObjSize word once: a pass over all entries costs time linear in the bank's size. The answers
+// are those of a walk from the first frame; the file is taken to stay as it is while the stream
+// has it open.
 #ifndef QRV_FORMATS_BANK_STREAM_H
 #define QRV_FORMATS_BANK_STREAM_H
 
 #include <cstdint>
 #include <fstream>
 #include <memory>
+#include <vector>
 
 #include "formats/binary_stream.h"
 #include "formats/mat_base.h"
@@ -34,7 +41,7 @@ public:
 
     // True at once when open. Otherwise opens FileName for reading, and for writing too when
     // Writable, keeping the content and never creating the file, under the locale guard. False
-    // when the open fails (the stream is then in its failed state).
+    // when the open fails (the stream is then in its failed state); a folder does not open.
     bool Open();
 
     // Stores name and mode, closes a file that is open, then Open.
@@ -43,18 +50,21 @@ public:
     // Closes the file when open; the object loaded last survives.
     void Close();
 
-    // Number of frames found by walking the ObjSize words from offset 4; 0 when not open.
+    // Number of frames found by walking the ObjSize words from offset 4; 0 when not open. A file
+    // of 4 bytes or fewer has none.
     int GetMaterialCount();
 
-    // Walks to the frame at index (a negative index is taken as 0; no range check otherwise),
+    // Goes to the frame at index (a negative index is taken as 0; no range check otherwise),
     // builds its object on this stream and lets it read itself. The stream keeps the object until
     // the next load or its own end. Null, with the previous object destroyed, when the frame's
     // ObjType is unknown or unreadable; null too when the stream is not open.
     CQrvMatBase* LoadMaterial(int index);
 
-    // Seeks to the end and writes the object's frame there. A null object, or a stream that is not
-    // open, writes nothing.
-    void AppendMaterial(CQrvMatBase* object);
+    // Writes the object's frame behind the end of the file in one piece. True when it was
+    // written. A null object, or a stream that is not open, writes nothing and gives false. When
+    // the write fails, the file is cut back to its old length, so that it never ends in part of a
+    // frame, and the result is false.
+    bool AppendMaterial(CQrvMatBase* object);
 
     // The byte stream that the material objects read from and write to.
     CQrvBinaryStream& Binary() { return Bytes; }
@@ -65,13 +75,24 @@ public:
     const char* FileName = "";    // not owned
 
 private:
-    // Reads an ObjSize word and seeks behind its frame. False when the walk cannot go on: the word
-    // could not be read, the frame reaches past the end or its size is negative.
-    bool skipFrame();
+    // Makes the start of frame index known, walking on from the last known frame. False when the
+    // walk ended before it (the stream is then failed).
+    bool reachFrame(std::size_t index);
+    void forgetFrames();
+    // Moves the read position to target, inside the read buffer when it can.
+    void moveTo(std::streamoff target);
     // Each walk starts from a clean state, whatever a short read of the last one left.
     void restart();
 
     CQrvBinaryStream Bytes{*this};
+    // Starts of the frames walked to so far: frame i starts at FrameStarts[i], reached from the
+    // first frame by i steps that could be taken. WalkEnded: no step leads behind the last one.
+    // (A type of the library's own, so that the vector's code is not exported with the std types.)
+    struct FrameStart {
+        std::streamoff at;
+    };
+    std::vector<FrameStart> FrameStarts;
+    bool WalkEnded = false;
     std::unique_ptr<CQrvMatBase> Object;  // declared behind Bytes, so destroyed before it
 };
 

@@ -31,10 +31,18 @@ bool holds(CQrvBinaryStream& stream, std::uint64_t bytes) {
 
 CQrvBinaryStream::CQrvBinaryStream(std::iostream& io) : io_(io) {}
 
+// Straight from the stream buffer: a word or a real is too small to pay for the sentry of a
+// formatted-input call each time. A short read fails the stream as istream::read does.
 bool CQrvBinaryStream::readRaw(char* bytes, std::size_t size) {
     if (io_.fail()) return false;
-    io_.read(bytes, static_cast<std::streamsize>(size));
-    return !io_.fail() && io_.gcount() == static_cast<std::streamsize>(size);
+    if (io_.eof()) {
+        io_.setstate(std::ios::failbit);
+        return false;
+    }
+    const std::streamsize wanted = static_cast<std::streamsize>(size);
+    if (io_.rdbuf()->sgetn(bytes, wanted) == wanted) return true;
+    io_.setstate(std::ios::eofbit | std::ios::failbit);
+    return false;
 }
 
 bool CQrvBinaryStream::ReadInt(std::int32_t& value) {

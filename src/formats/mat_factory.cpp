@@ -1,5 +1,7 @@
 #include "formats/mat_factory.h"
 
+#include "formats/binary_stream.h"
+
 #include "formats/nonpoly_mat.h"
 #include "formats/plastic_mat.h"
 #include "formats/rim_mat.h"
@@ -17,6 +19,15 @@ std::unique_ptr<CQrvMatBase> newObjectOfType(int objType, CQrvBinaryStream* stre
         default:
             return nullptr;
     }
+}
+
+std::unique_ptr<CQrvMatBase> readFrame(CQrvBinaryStream& stream) {
+    std::int32_t size = 0;
+    std::int32_t objType = 0;
+    if (!stream.ReadInt(size) || !stream.ReadInt(objType)) return nullptr;
+    std::unique_ptr<CQrvMatBase> object = newObjectOfType(objType, &stream);
+    if (object) object->Read();
+    return object;
 }
 
 }  // namespace qrv

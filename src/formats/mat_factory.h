@@ -12,6 +12,11 @@ namespace qrv {
 // that is only written with WriteTo); null for any other ObjType.
 std::unique_ptr<CQrvMatBase> newObjectOfType(int objType, CQrvBinaryStream* stream);
 
+// Reads the frame that starts at the stream's position: ObjSize and ObjType, then the object of
+// that type on stream, which reads itself. Null when either word cannot be read or the type is
+// unknown.
+std::unique_ptr<CQrvMatBase> readFrame(CQrvBinaryStream& stream);
+
 }  // namespace qrv
 
 #endif

@@ -16,7 +16,7 @@ DensityText scanDensityText(const char* text) {
     // unit is behind the mark and differs from its second character, so the span is not negative.
     const double value = std::atof(std::string(mark + 2, unit).c_str());
     if (value > 0.0) return {DensityText::kFound, value};
-    return {DensityText::kNotPositive, 0.0};
+    return {DensityText::kNotPositive, value};
 }
 
 }  // namespace qrv

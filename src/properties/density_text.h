@@ -13,7 +13,7 @@ struct DensityText {
         kNotPositive,  // the number between mark and unit reads as 0.0 or less
     };
     Outcome outcome;
-    double value;
+    double value;  // the number read for kFound and kNotPositive, otherwise 0.0
 };
 
 // Finds "D=", then "g/cc" or, failing that, "g/cm3" (each from the start of the text), and reads

@@ -9,21 +9,26 @@
 #include <stdexcept>
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
-#include "formats/bank_stream.h"
+#include <cerrno>
+#include <string>
+
+#include "files/file_names.h"
 #include "formats/binary_stream.h"
 #include "formats/conversions.h"
 #include "formats/legacy_block.h"
 #include "formats/locale_guard.h"
+#include "formats/mat_factory.h"
 #include "properties/mech_layout.h"
-#include "record/file_names.h"
 #include "record/material_internal.h"
 
 namespace {
 
 constexpr std::int32_t kLeadWord = 9051;
 constexpr std::size_t kShortestName = 5;
+constexpr std::size_t kFrameStart = 4;  // behind the lead word
 
 bool nameTooShort(const char* path) {
     return !path || std::strlen(path) < kShortestName;
@@ -43,11 +48,14 @@ MaterialPtr newMaterial() {
     return material;
 }
 
-QrvMaterial* loadCurrentForm(CQrvBankStream& bank, bool isRIM) {
-    CQrvMatBase* object = bank.LoadMaterial(0);
+// The current form: the frame behind the lead word, read from the file's bytes in memory.
+QrvMaterial* loadCurrentForm(const std::string& bytes, bool isRIM) {
+    CQrvMemoryStream stream(bytes);
+    stream.Io().seekg(kFrameStart);
+    std::unique_ptr<CQrvMatBase> object = qrv::readFrame(stream);
     if (!object) return nullptr;
     MaterialPtr material = newMaterial();
-    QrvMaterialFromStream(material.get(), object, isRIM);
+    QrvMaterialFromStream(material.get(), object.get(), isRIM);
     return material.release();
 }
 
@@ -56,15 +64,53 @@ struct FileCloser {
 };
 using File = std::unique_ptr<std::FILE, FileCloser>;
 
+struct DescriptorCloser {
+    void operator()(const int* descriptor) const { ::close(*descriptor); }
+};
+
 // QrvFileExists without removal and QrvFileHasContent in one open: the file opens for reading and
-// its end lies beyond position 0. A load is mostly system calls, and this saves an open and the
-// read that a buffered seek to the end makes.
+// its end lies beyond position 0.
 bool opensWithContent(const char* path) {
-    const int descriptor = ::open(path, O_RDONLY);
+    const int descriptor = ::open(path, O_RDONLY | O_CLOEXEC);
     if (descriptor < 0) return false;
     const off_t end = ::lseek(descriptor, 0, SEEK_END);
     ::close(descriptor);
     return end > 0;
+}
+
+// The bytes of a regular file, read whole through one open made under the locale guard. A load
+// is mostly system calls; this is one open, one size query and one read. False when the file
+// cannot be opened, is not a regular file or cannot be read.
+bool readWhole(const char* path, std::string& bytes) {
+    int descriptor = -1;
+    {
+        qrv::LocaleGuard guard;
+        descriptor = ::open(path, O_RDONLY | O_CLOEXEC);
+    }
+    if (descriptor < 0) return false;
+    const std::unique_ptr<int, DescriptorCloser> closer(&descriptor);
+    struct stat info {};
+    if (::fstat(descriptor, &info) != 0 || !S_ISREG(info.st_mode)) return false;
+    bytes.resize(static_cast<std::size_t>(info.st_size));
+    std::size_t read = 0;
+    while (read < bytes.size()) {
+        const ssize_t got = ::read(descriptor, &bytes[read], bytes.size() - read);
+        if (got < 0 && errno == EINTR) continue;
+        if (got <= 0) break;
+        read += static_cast<std::size_t>(got);
+    }
+    bytes.resize(read);
+    return true;
+}
+
+// The first word, little-endian; 0 for a file shorter than it. Decoded in place: a stream object
+// for four bytes costs more than the rest of the frame's set-up.
+std::int32_t leadWordOf(const std::string& bytes) {
+    if (bytes.size() < kFrameStart) return 0;
+    std::uint32_t word = 0;
+    for (std::size_t i = 0; i < kFrameStart; ++i)
+        word |= static_cast<std::uint32_t>(static_cast<unsigned char>(bytes[i])) << (8 * i);
+    return static_cast<std::int32_t>(word);
 }
 
 // The old form: one block of 2624 bytes. A file that cannot be opened for reading is created
@@ -90,18 +136,20 @@ QrvMaterial* loadLegacyForm(const char* path, bool isRIM) {
 
 QrvMaterial* loadMaterial(const char* path, bool isRIM) {
     if (nameTooShort(path)) return nullptr;
-    // The name as given decides whether there is anything to read, before any mapping.
-    if (!opensWithContent(path)) return nullptr;
-    const char* mapped = nullptr;
-    if (!QrvMapFileName(path, &mapped)) return nullptr;
-    // One open under the locale guard serves the lead word and the frames. The word stays 0 when
-    // the file cannot be opened or is shorter, which sends the load to the old form.
-    CQrvBankStream bank;
-    std::int32_t leadWord = 0;
-    if (bank.OpenFile(mapped, false)) bank.Binary().ReadInt(leadWord);
-    if (isCurrentForm(leadWord)) return loadCurrentForm(bank, isRIM);
-    bank.Close();
-    return loadLegacyForm(mapped, isRIM);
+    // The name as given decides whether there is anything to read, before any mapping. When the
+    // mapping leaves the name as it is, the one open that reads the file answers that too.
+    const bool mapped = qrv::mapsToOtherName(path);
+    if (mapped && !opensWithContent(path)) return nullptr;
+    const char* name = nullptr;
+    if (!QrvMapFileName(path, &name)) return nullptr;
+    std::string bytes;
+    const bool opened = readWhole(name, bytes);
+    if (!mapped && bytes.empty()) return nullptr;
+    // The word stays 0 when the file cannot be opened or is shorter, which sends the load to the
+    // old form.
+    const std::int32_t leadWord = opened ? leadWordOf(bytes) : 0;
+    if (isCurrentForm(leadWord)) return loadCurrentForm(bytes, isRIM);
+    return loadLegacyForm(name, isRIM);
 }
 
 // Steps shared by both saves; checkOpen is the only difference that the result can show.

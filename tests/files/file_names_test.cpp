@@ -8,7 +8,7 @@
 #include <fstream>
 #include <string>
 
-#include "record/file_names.h"
+#include "files/file_names.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "record/file_names.h"
+#include "files/file_names.h"
 
 #include <cctype>
 #include <cstdio>
@@ -50,6 +50,16 @@ bool QrvMapFileName(const char* path, const char** mapped) {
     if (mapped) *mapped = buffer;
     return true;
 }
+
+namespace qrv {
+
+bool mapsToOtherName(const char* path) {
+    if (!path) return false;
+    const std::size_t length = std::strlen(path);
+    return endsWith(path, length, "emc") || endsWith(path, length, "mat");
+}
+
+}  // namespace qrv
 
 bool QrvFileExists(const char* path, bool removeIt) {
     if (!path) return false;

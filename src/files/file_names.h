@@ -1,10 +1,13 @@
 // The names and existence tests behind the material file entry points.
-#ifndef QRV_RECORD_FILE_NAMES_H
-#define QRV_RECORD_FILE_NAMES_H
+#ifndef QRV_FILES_FILE_NAMES_H
+#define QRV_FILES_FILE_NAMES_H
 
 namespace qrv {
 constexpr int kFileNameBufferSize = 520;
-}
+
+// True when QrvMapFileName gives another name than path: it ends in "emc" or "mat", any case.
+bool mapsToOtherName(const char* path);
+}  // namespace qrv
 
 // Copies path into the one static 520-byte name buffer and hands out its address: an old
 // ending "emc" (any case) becomes "mtx", "mat" becomes "mtr" (the "." is never looked at, so
