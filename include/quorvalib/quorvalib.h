@@ -9,6 +9,7 @@
 #include <quorvalib/measured.h>
 #include <quorvalib/properties.h>
 #include <quorvalib/record.h>
+#include <quorvalib/runfile.h>
 #include <quorvalib/version.h>
 #include <quorvalib/vocabulary.h>
 

@@ -98,8 +98,8 @@ int CRSVTool::EndCreateCompoundDataType(int handle) {
 int CRSVArray::WriteArray(const void* buffer) {
     ErrorSilence silence;
     const hssize_t count = elementCount(Dataset.get());
+    if (count == 0) return 0;  // nothing moves, so no buffer is needed
     if (!buffer || count < 0) return -1;
-    if (count == 0) return 0;
     return H5Dwrite(Dataset.get(), MemoryType.get(), H5S_ALL, H5S_ALL, H5P_DEFAULT, buffer) < 0 ? -1
                                                                                                 : 0;
 }
@@ -107,8 +107,8 @@ int CRSVArray::WriteArray(const void* buffer) {
 int CRSVArray::ReadArray(void* buffer) {
     ErrorSilence silence;
     const hssize_t count = elementCount(Dataset.get());
+    if (count == 0) return 0;  // nothing moves, so no buffer is needed
     if (!buffer || count < 0) return -1;
-    if (count == 0) return 0;
     return H5Dread(Dataset.get(), MemoryType.get(), H5S_ALL, H5S_ALL, H5P_DEFAULT, buffer) < 0 ? -1
                                                                                                : 0;
 }
