@@ -124,6 +124,9 @@ int CRSVTool::Create(const std::string& path, unsigned int, unsigned int, unsign
 int CRSVTool::Open(const std::string& path) {
     ErrorSilence silence;
     Close();
+    // HDF5 opens an empty file for writing as though it were a new one; only a file that carries
+    // the HDF5 signature is a run file.
+    if (H5Fis_hdf5(path.c_str()) <= 0) return -1;
     H5File file(H5Fopen(path.c_str(), H5F_ACC_RDWR, H5P_DEFAULT));
     if (!file) return -1;
     File = std::move(file);

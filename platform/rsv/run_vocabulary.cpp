@@ -4,8 +4,9 @@
 #define QRV_ENTITY_NAMES(ROW)                                                                      \
     ROW("MeltEntrance")                                                                            \
     ROW("SensorNode")                                                                              \
-    ROW("ValveGateNode") ROW("FixedNode") ROW("MeasureNode") ROW("MatrixNode") ROW("MarkerNode")   \
-        ROW("Linker") ROW("ColdRunner") ROW("HotRunner") ROW("MeltChannel") ROW("GasChannel")      \
+    ROW("ValveGateNode")                                                                           \
+    ROW("FixedNode") ROW("MeasureNode") ROW("MatrixNode") ROW("MarkerNode") ROW("Linker")          \
+        ROW("ColdRunner") ROW("HotRunner") ROW("MeltChannel") ROW("GasChannel")                    \
             ROW("CoolantChannel") ROW("Hose") ROW("HeatingRod") ROW("Plastic") ROW("MoldBase")     \
                 ROW("MoldInsert") ROW("PartInsert") ROW("GasFlow") ROW("Symmetry") ROW("RIMWire")  \
                     ROW("RIMPaddle") ROW("Surface") ROW("GasInlet") ROW("WaterInlet")              \
@@ -19,11 +20,12 @@
                                                     ROW("HotRunnerMetal") ROW("CompressionCharge") \
                                                         ROW("PaddleshiftBC")
 
-#define QRV_STAGE_NAMES(ROW)                                                    \
-    ROW("Model")                                                                \
-    ROW("Filling")                                                              \
-    ROW("Packing") ROW("Cooling") ROW("Warpage") ROW("Optics") ROW("WireSweep") \
-        ROW("PadddleShift") ROW("Stress") ROW("MoldPreheat") ROW("MoldDeformation")
+#define QRV_STAGE_NAMES(ROW)                                                                       \
+    ROW("Model")                                                                                   \
+    ROW("Filling")                                                                                 \
+    ROW("Packing")                                                                                 \
+    ROW("Cooling") ROW("Warpage") ROW("Optics") ROW("WireSweep") ROW("PadddleShift") ROW("Stress") \
+        ROW("MoldPreheat") ROW("MoldDeformation")
 
 #define QRV_NAME_ROW(name) name,
 #define QRV_SUB_PATH_ROW(name) name "/",
