@@ -68,18 +68,19 @@ struct CountRequest {
 
 herr_t countNode(hid_t group, const char* name, const H5L_info_t* /*info*/, void* data) {
     auto* request = static_cast<CountRequest*>(data);
-    hid_t raw = H5Oopen(group, name, H5P_DEFAULT);
-    if (raw < 0) return 0;  // a dangling link counts as nothing
-    const H5I_type_t type = H5Iget_type(raw);
-    bool counts = false;
-    if (request->Kind == NodeKind::Group && type == H5I_GROUP) {
-        H5Group node(raw);
-        counts = !isTable(node.get());
-    } else {
-        counts = request->Kind == NodeKind::Array && type == H5I_DATASET;
-        H5Oclose(raw);
+    // The object's header tells its kind without opening it; a dangling link counts as nothing.
+    H5O_info_t object{};
+    if (H5Oget_info_by_name2(group, name, &object, H5O_INFO_BASIC | H5O_INFO_NUM_ATTRS,
+                             H5P_DEFAULT) < 0)
+        return 0;
+    if (request->Kind == NodeKind::Array) {
+        request->Count += object.type == H5O_TYPE_DATASET;
+    } else if (object.type == H5O_TYPE_GROUP) {
+        // Only a group with attributes can be a table; most groups have none.
+        const bool table =
+            object.num_attrs > 0 && H5Aexists_by_name(group, name, kTableMarker, H5P_DEFAULT) > 0;
+        request->Count += !table;
     }
-    if (counts) ++request->Count;
     return 0;
 }
 

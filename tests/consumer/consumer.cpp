@@ -53,6 +53,20 @@ int main() {
     check(manipulator.IsRIM() && !manipulator.IsThermoset(), "thermoset marks");
     check(GetDLLVersion() == 9007, "DLL version");
 
+    // A run file through the installed library, which brings HDF5 along by itself.
+    const char* runFile = "/tmp/quorvalib_consumer_run.rsv";
+    std::remove(runFile);
+    {
+        QrvMaterial* runMaterial = QrvGetDefaultMaterial(4, 5, false, 3, 2, 1);
+        MATIO_RSVManipulator run(runFile);
+        check(run.AddMaterial(runMaterial, "Part", 65536 + 4096), "run file written");
+        check(run.GetMaterialCount() == 1, "run file count");
+        const QrvMaterial* back = run.GetMaterial(0);
+        check(back && back->Vis.Model == 4 && back->Vis.Count == 5, "run file material");
+        QrvReleaseMaterial(runMaterial);
+    }
+    std::remove(runFile);
+
     if (failures == 0) std::printf("consumer: installed quorvalib works (eta = %.6g)\n", eta);
     return failures == 0 ? 0 : 1;
 }
