@@ -1,32 +1,24 @@
 #include "rsv/run_vocabulary.h"
 
 // Each name list is written once; the name, path and sub-path tables are spelled out from it.
+// clang-format off
 #define QRV_ENTITY_NAMES(ROW)                                                                     \
-    ROW("MeltEntrance")                                                                           \
-    ROW("SensorNode")                                                                             \
-    ROW("ValveGateNode")                                                                          \
-    ROW("FixedNode")                                                                              \
+    ROW("MeltEntrance") ROW("SensorNode") ROW("ValveGateNode") ROW("FixedNode")                   \
     ROW("MeasureNode") ROW("MatrixNode") ROW("MarkerNode") ROW("Linker") ROW("ColdRunner")        \
-        ROW("HotRunner") ROW("MeltChannel") ROW("GasChannel") ROW("CoolantChannel") ROW("Hose")   \
-            ROW("HeatingRod") ROW("Plastic") ROW("MoldBase") ROW("MoldInsert") ROW("PartInsert")  \
-                ROW("GasFlow") ROW("Symmetry") ROW("RIMWire") ROW("RIMPaddle") ROW("Surface")     \
-                    ROW("GasInlet") ROW("WaterInlet") ROW("AirTrap") ROW("WeldingLine")           \
-                        ROW("ElementBC") ROW("OpticsBC") ROW("StressBC") ROW("CompressionRegion") \
-                            ROW("ExtremesRegion") ROW("ParticleTracer") ROW("StreamLine")         \
-                                ROW("Overflow") ROW("PressureBC") ROW("ForceBC")                  \
-                                    ROW("DisplacementBC") ROW("AirVent") ROW("CompressionZone")   \
-                                        ROW("HotRunnerController") ROW("HotRunnerInsertBC")       \
-                                            ROW("UnderfillPass") ROW("CoreshiftBC")               \
-                                                ROW("HotRunnerMetal") ROW("CompressionCharge")    \
-                                                    ROW("PaddleshiftBC")
+    ROW("HotRunner") ROW("MeltChannel") ROW("GasChannel") ROW("CoolantChannel") ROW("Hose")       \
+    ROW("HeatingRod") ROW("Plastic") ROW("MoldBase") ROW("MoldInsert") ROW("PartInsert")          \
+    ROW("GasFlow") ROW("Symmetry") ROW("RIMWire") ROW("RIMPaddle") ROW("Surface")                 \
+    ROW("GasInlet") ROW("WaterInlet") ROW("AirTrap") ROW("WeldingLine") ROW("ElementBC")          \
+    ROW("OpticsBC") ROW("StressBC") ROW("CompressionRegion") ROW("ExtremesRegion")                \
+    ROW("ParticleTracer") ROW("StreamLine") ROW("Overflow") ROW("PressureBC") ROW("ForceBC")      \
+    ROW("DisplacementBC") ROW("AirVent") ROW("CompressionZone") ROW("HotRunnerController")        \
+    ROW("HotRunnerInsertBC") ROW("UnderfillPass") ROW("CoreshiftBC") ROW("HotRunnerMetal")        \
+    ROW("CompressionCharge") ROW("PaddleshiftBC")
 
-#define QRV_STAGE_NAMES(ROW)                                                        \
-    ROW("Model")                                                                    \
-    ROW("Filling")                                                                  \
-    ROW("Packing")                                                                  \
-    ROW("Cooling")                                                                  \
-    ROW("Warpage") ROW("Optics") ROW("WireSweep") ROW("PadddleShift") ROW("Stress") \
-        ROW("MoldPreheat") ROW("MoldDeformation")
+#define QRV_STAGE_NAMES(ROW)                                                                      \
+    ROW("Model") ROW("Filling") ROW("Packing") ROW("Cooling") ROW("Warpage") ROW("Optics")        \
+    ROW("WireSweep") ROW("PadddleShift") ROW("Stress") ROW("MoldPreheat") ROW("MoldDeformation")
+// clang-format on
 
 #define QRV_NAME_ROW(name) name,
 #define QRV_SUB_PATH_ROW(name) name "/",
