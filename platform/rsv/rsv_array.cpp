@@ -89,28 +89,36 @@ int CRSVTool::AddCompoundDataTypeFixedLengthStringMember(int handle, const std::
 }
 
 int CRSVTool::EndCreateCompoundDataType(int handle) {
-    const long index = static_cast<long>(handle) - kFirstCompoundHandle;
-    if (!compound(handle) || Compounds[static_cast<size_t>(index)].Complete) return -1;
-    Compounds[static_cast<size_t>(index)].Complete = true;
+    const Compound* built = compound(handle);
+    if (!built || built->Complete) return -1;
+    Compounds[static_cast<size_t>(handle - kFirstCompoundHandle)].Complete = true;
     return 0;
 }
 
-int CRSVArray::WriteArray(const void* buffer) {
+namespace {
+
+// Moves the whole array through one HDF5 call; an empty array moves nothing and needs no buffer.
+template <typename Buffer, typename Transfer>
+int transferWhole(hid_t dataset, Buffer buffer, Transfer transfer) {
     ErrorSilence silence;
-    const hssize_t count = elementCount(Dataset.get());
-    if (count == 0) return 0;  // nothing moves, so no buffer is needed
+    const hssize_t count = elementCount(dataset);
+    if (count == 0) return 0;
     if (!buffer || count < 0) return -1;
-    return H5Dwrite(Dataset.get(), MemoryType.get(), H5S_ALL, H5S_ALL, H5P_DEFAULT, buffer) < 0 ? -1
-                                                                                                : 0;
+    return transfer() < 0 ? -1 : 0;
+}
+
+}  // namespace
+
+int CRSVArray::WriteArray(const void* buffer) {
+    return transferWhole(Dataset.get(), buffer, [&] {
+        return H5Dwrite(Dataset.get(), MemoryType.get(), H5S_ALL, H5S_ALL, H5P_DEFAULT, buffer);
+    });
 }
 
 int CRSVArray::ReadArray(void* buffer) {
-    ErrorSilence silence;
-    const hssize_t count = elementCount(Dataset.get());
-    if (count == 0) return 0;  // nothing moves, so no buffer is needed
-    if (!buffer || count < 0) return -1;
-    return H5Dread(Dataset.get(), MemoryType.get(), H5S_ALL, H5S_ALL, H5P_DEFAULT, buffer) < 0 ? -1
-                                                                                               : 0;
+    return transferWhole(Dataset.get(), buffer, [&] {
+        return H5Dread(Dataset.get(), MemoryType.get(), H5S_ALL, H5S_ALL, H5P_DEFAULT, buffer);
+    });
 }
 
 int CRSVArray::GetDimension(size_t* rows, size_t* columns) {
