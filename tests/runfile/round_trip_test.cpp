@@ -136,7 +136,7 @@ TEST_F(RoundTripTest, MaterialsAreNumberedPerRunAndOnlyRunOneIsRead) {
     MATIO_RSVManipulator manipulator(file.c_str());
     ASSERT_TRUE(manipulator.AddMaterial(metal.get(), "Insert", kRun2Plastic));
     ASSERT_TRUE(manipulator.AddMaterial(plastic.get(), "Part", kRun1Plastic));
-    ASSERT_TRUE(manipulator.AddMaterial(thermoset.get(), "Part 2", kRun1Plastic + 7));
+    ASSERT_TRUE(manipulator.AddMaterial(thermoset.get(), "Lid", kRun1Plastic + 7));
     EXPECT_EQ(manipulator.GetMaterialCount(), 2);
     QrvMaterial* second = manipulator.GetMaterial(1);
     ASSERT_NE(second, nullptr);
