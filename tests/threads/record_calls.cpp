@@ -101,12 +101,23 @@ std::string mtcData(Flat m, const Point& p) {
     return out;
 }
 
-std::string rawCurves(const CQrvMatRawData* data, int index) {
+std::string rawCurves(CQrvMatRawData* data, int index) {
     if (!data) return "none";
     std::string out = std::to_string(data->GetCurveCount()) + " " + bits(data->GetMaxX()) + " " +
                       bits(data->GetMinX()) + " " + bits(data->GetMaxY()) + " " +
                       bits(data->GetMinY()) + " " + std::to_string(data->GetDataSize());
-    if (index >= 0 && index < data->GetCurveCount()) out += " " + bits(data->GetCondition(index));
+    double condition = -1.0;
+    int pointCount = -1;
+    double* x = nullptr;
+    double* y = nullptr;
+    try {
+        if (!data->GetCurve(index, condition, pointCount, x, y)) return out + " false";
+    } catch (const std::out_of_range&) {
+        return out + " out_of_range";
+    }
+    out += " " + bits(condition) + " " + bits(data->GetCondition(index));
+    for (int i = 0; i < pointCount; ++i)
+        out += " " + bits(x[i]) + ":" + bits(y[i]);
     return out;
 }
 
