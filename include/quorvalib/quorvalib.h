@@ -5,8 +5,9 @@
 //   the evaluators and value getters (properties.h), field readers and type tests (record.h), the
 //   names, QrvGetMaterialType, QrvGetMFIString and QrvGetContent (vocabulary.h; each thread has
 //   texts of its own), QrvGetMTCInfo, QrvGetMTCData and the const readers of measured curves
-//   (measured.h), QrvGetDefaultMaterial, the version calls; likewise the batch evaluators
-//   (QrvGetViscosityN and the rest) and Evaluate of a built MaterialProperty evaluator.
+//   (measured.h), QrvGetDefaultMaterial, QrvIsRIM of a path, the version calls; likewise the
+//   batch evaluators (QrvGetViscosityN and the rest) and Evaluate of a built MaterialProperty
+//   evaluator.
 // - One thread per object, different objects in parallel: MATIO_Manipulator, MATIO_RSVManipulator,
 //   MATIO_BankManipulator, MATIO_QrvNonPolyMat, and the calls that change a record
 //   (QrvReleaseMaterial, QrvAddMTCData, QrvRemoveAllMTC, the writers of measured curves).

@@ -179,10 +179,10 @@ const std::vector<RecordCall>& recordCalls() {
         {"QrvThermosetHasMech", flag<QrvThermosetHasMech>},
         {"QrvThermosetHasScorchIndex", flag<QrvThermosetHasScorchIndex>},
         {"QrvHasStressStrainData", flag<QrvHasStressStrainData>},
-        {"QrvIsConstantModel/1", constantModel<1>},
-        {"QrvIsConstantModel/2", constantModel<2>},
-        {"QrvIsConstantModel/3", constantModel<3>},
-        {"QrvIsConstantModel/4", constantModel<4>},
+        {"QrvIsConstantModel QrvGetConstantModelValue 1", constantModel<1>},
+        {"QrvIsConstantModel QrvGetConstantModelValue 2", constantModel<2>},
+        {"QrvIsConstantModel QrvGetConstantModelValue 3", constantModel<3>},
+        {"QrvIsConstantModel QrvGetConstantModelValue 4", constantModel<4>},
         {"QrvGetElasticModulus", value<QrvGetElasticModulus>},
         {"QrvGetCLTEa1_Melt", value<QrvGetCLTEa1_Melt>},
         {"QrvGetCLTEa1_Solid", value<QrvGetCLTEa1_Solid>},
@@ -204,9 +204,11 @@ const std::vector<RecordCall>& recordCalls() {
         {"QrvGetStressStrainSet", integer<QrvGetStressStrainSet>},
         {"QrvGetStressStrainData", stressStrain},
         // measured data carried by the record
-        {"QrvGetMTCInfo/QrvGetMTCData", mtcData},
-        {"VisRaw", [](Flat m, const Point& p) { return rawCurves(m->VisRaw, p.index); }},
-        {"PVTRaw", [](Flat m, const Point& p) { return rawCurves(m->PVTRaw, p.index); }},
+        {"QrvGetMTCInfo QrvGetMTCData", mtcData},
+        {"CQrvViscosityData readers",
+         [](Flat m, const Point& p) { return rawCurves(m->VisRaw, p.index); }},
+        {"CQrvPVTData readers",
+         [](Flat m, const Point& p) { return rawCurves(m->PVTRaw, p.index); }},
         // names: each thread has its own name text
         {"QrvGetMaterialType", words<QrvGetMaterialType>},
         {"QrvGetMFIString", words<QrvGetMFIString>},
@@ -224,12 +226,12 @@ const std::vector<RecordCall>& recordCalls() {
         {"QrvGetMechParaName", paraName<QrvGetMechParaName>},
         {"QrvGetVEParaName", paraNameWithUnit<QrvGetVEParaName>},
         {"QrvGetCrystallinityParaName", paraNameWithUnit<QrvGetCrystallinityParaName>},
-        {"QrvGetContent/thermoplastic",
+        {"QrvGetContent thermoplastic",
          [](Flat m, const Point&) { return text(QrvGetContent(m, false)); }},
-        {"QrvGetContent/thermoset",
+        {"QrvGetContent thermoset",
          [](Flat m, const Point&) { return text(QrvGetContent(m, true)); }},
         // calls that need no record: generation and the version calls
-        {"QrvGetDefaultMaterial",
+        {"QrvGetDefaultMaterial QrvReleaseMaterial",
          [](Flat, const Point& p) {
              const int id = p.index < 0 ? 13 : p.index % 14;
              QrvMaterial* made =
@@ -239,7 +241,13 @@ const std::vector<RecordCall>& recordCalls() {
              QrvReleaseMaterial(made);
              return out;
          }},
-        {"version calls",
+        {"QrvIsRIM path",
+         [](Flat, const Point& p) {
+             static const char* const kNames[] = {"a.mtx", "A.MTXBAK",      "mtxdata",
+                                                  "m.tx",  "dir.mtx/a.mtr", ""};
+             return std::string(QrvIsRIM(kNames[(p.index + 6) % 6]) ? "true" : "false");
+         }},
+        {"GetDLLVersion InitQuorvaLib Get_Quorvalib_Dll_Ver",
          [](Flat, const Point&) {
              return std::to_string(GetDLLVersion()) + " " + std::to_string(InitQuorvaLib(0)) + " " +
                     std::to_string(Get_Quorvalib_Dll_Ver());
