@@ -11,42 +11,46 @@
 #define QRV_VOCABULARY_THREAD_SLOT_H
 
 #include <mutex>
-#include <vector>
 
 namespace qrv {
 
 // T is default-constructible and has clear(), which makes it what a new object is.
 template <class T>
 T& threadSlot() {
+    struct Slot {
+        T object;
+        Slot* nextSpare = nullptr;
+    };
     struct Pool {
         std::mutex lock;
-        std::vector<T*> spare;
+        Slot* spare = nullptr;  // slots given back, each linking to the next
     };
-    // Never destroyed: threads (the main thread included) give their object back after the
+    // Never destroyed: threads (the main thread included) give their slot back after the
     // library's statics may have gone.
     static Pool& pool = *new Pool;
 
     struct Lease {
-        T* object = nullptr;
+        Slot* slot = nullptr;
         Lease() {
             std::lock_guard<std::mutex> hold(pool.lock);
-            if (pool.spare.empty()) {
-                object = new T();
+            if (pool.spare) {
+                slot = pool.spare;
+                pool.spare = slot->nextSpare;
             } else {
-                object = pool.spare.back();
-                pool.spare.pop_back();
+                slot = new Slot();
             }
         }
         ~Lease() {
-            object->clear();
+            slot->object.clear();
             std::lock_guard<std::mutex> hold(pool.lock);
-            pool.spare.push_back(object);
+            slot->nextSpare = pool.spare;
+            pool.spare = slot;
         }
         Lease(const Lease&) = delete;
         Lease& operator=(const Lease&) = delete;
     };
     thread_local Lease lease;
-    return *lease.object;
+    return lease.slot->object;
 }
 
 }  // namespace qrv
