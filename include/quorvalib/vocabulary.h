@@ -12,11 +12,11 @@
 // process with one thread would see; a new thread starts with the empty text.
 //
 // Stale text: where a model is known but the index lies past its labels, a parameter-name call
-// assigns nothing and returns the text that the previous naming call left (the empty text on the
-// first call). That is the settled answer, not an error.
+// assigns nothing and returns the text that the same thread's previous naming call left (the
+// empty text on the thread's first call). That is the settled answer, not an error.
 //
 // Null record: the model and parameter name calls have no failure value of their own; they throw
-// std::invalid_argument for a null record and leave the shared text as it was.
+// std::invalid_argument for a null record and leave the thread's text as it was.
 #ifndef QUORVALIB_VOCABULARY_H
 #define QUORVALIB_VOCABULARY_H
 
@@ -75,8 +75,9 @@ QRV_API const char* QrvGetCrystallinityParaName(QrvMaterial* material, int index
 // Returns null for a null record, and null where the dump cannot be formed whole: a line longer
 // than 255 characters, a text longer than 3071 characters, or a block with parameters but a null
 // Para. The text lives in a buffer of the library until the same thread's next QrvGetContent call
-// (after the thread has ended, until a later thread's call). Numbers print with the C library's
-// locale, which a file open on another thread switches for its duration.
+// (when the thread ends, the buffer is emptied and stays readable until a later thread's call).
+// Numbers print with the C library's locale, which a file open on another thread switches for its
+// duration.
 QRV_API const char* QrvGetContent(QrvMaterial* material, bool thermoset);
 
 // The part of Comment from its first "MFI" to its first "/10min", both included, when that
