@@ -1,5 +1,6 @@
 // Default materials: a record generated from a combination of model ids, filled with fixed
 // sample data for each model.
+// Threads: any number; each call makes a record of its own.
 #ifndef QUORVALIB_DEFAULTS_H
 #define QUORVALIB_DEFAULTS_H
 

@@ -2,9 +2,12 @@
 //
 // A file of the current form starts with a lead word whose remainder after division by 10000 is
 // 9051 or more (a negative word never is); anything else is the old fixed-block form of 2624 bytes.
-// The old endings ".mat" and ".emc" are read from the same name ending in "mtr" and "mtx". None of
-// these calls may run on two threads at once: the mapped name is kept in one static buffer and
-// every open briefly switches the process-global locale.
+// The old endings ".mat" and ".emc" are read from the same name ending in "mtr" and "mtx".
+// Threads: one of these calls at a time in the whole process (QrvIsRIM of a path excepted: it
+// reads only its argument, from any number of threads). The mapped name is kept in one
+// static buffer, and every open switches the process-global locale (the C library's too) to the
+// system's default for its duration, which every thread sees: meanwhile no other thread should
+// print or read numbers as text (QrvGetContent, QrvGetNonPlastic_Density).
 #ifndef QUORVALIB_FILES_H
 #define QUORVALIB_FILES_H
 

@@ -1,6 +1,8 @@
 // MATIO_Manipulator: holds one material record and answers questions about it by forwarding to
 // the flat Qrv... functions. Methods with a numeric result answer 0.0 (or 0, false, null) when no
 // record is held, where the flat function would give its own null sentinel.
+// Threads: one thread per object, different objects in parallel; GetMaterial and SaveMaterial
+// are file calls and also belong to one thread at a time in the whole process (files.h).
 #ifndef QUORVALIB_MANIPULATOR_H
 #define QUORVALIB_MANIPULATOR_H
 

@@ -1,6 +1,8 @@
 // Measured data that a material carries beside its fitted models: families of raw viscosity and
 // PVT curves, and MTC records (piecewise models over temperature intervals). The library keeps,
 // copies, stores and hands out these data; it evaluates nothing from them.
+// Threads: the const readers, GetCurve, QrvGetMTCInfo and QrvGetMTCData from any number of
+// threads on data that no thread changes; the calls that change data, one thread per object.
 #ifndef QUORVALIB_MEASURED_H
 #define QUORVALIB_MEASURED_H
 

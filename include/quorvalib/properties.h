@@ -3,6 +3,7 @@
 // specific volume in cc/g, density in g/cc, heat capacity in erg/(g.oC), conductivity in
 // erg/(sec.cm.oC), moduli in dyne/cm^2, thermal expansions in 1/K; conversion is a fraction from
 // 0 to 1. They keep no state and are reentrant on a record nobody changes.
+// Threads: any number, also on the same record, while no thread changes it.
 #ifndef QUORVALIB_PROPERTIES_H
 #define QUORVALIB_PROPERTIES_H
 

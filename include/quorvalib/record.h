@@ -1,5 +1,7 @@
 // The material record: the one in-memory form of a material, whatever file, bank or run file it
 // came from, and its plain field readers and type tests.
+// Threads: readers and type tests from any number of threads on a record that no thread changes;
+// QrvReleaseMaterial, QrvInitMaterial and assignment only while no other thread uses the record.
 #ifndef QUORVALIB_RECORD_H
 #define QUORVALIB_RECORD_H
 
@@ -91,8 +93,8 @@ QRV_API bool QrvIsIC_Wire(QrvMaterial* material);
 
 // "Thermoplastic", "Thermosetting plastic", "Metal", "Coolant", "Chip", "Lead Frame",
 // "Substrate", "Wire", "Fluid" by FileType, "Unknown Type" for any other code and "fail" for a
-// null record. The text lives in the library's shared name text and is overwritten by the next
-// naming call.
+// null record. The text lives in the calling thread's name text and is overwritten by that
+// thread's next naming call.
 QRV_API const char* QrvGetMaterialType(QrvMaterial* material);
 
 #endif

@@ -1,4 +1,5 @@
 // Library-level entry points: version numbers and start-up.
+// Threads: any number.
 #ifndef QUORVALIB_VERSION_H
 #define QUORVALIB_VERSION_H
 

@@ -1,18 +1,22 @@
 // Model vocabulary and text: the names of the fitted models and of their parameters, the content
 // dump of a record and the melt-flow text of its comment.
 //
-// Lifetime: every name call below, QrvGetMaterialType and QrvGetMFIString share one process-wide
-// text. The pointer returned keeps its text until the next call of any of them; copy it at once.
-// (It stays readable afterwards and then shows the newer text: the text has a fixed place of 4096
-// characters, and a longer melt-flow text is cut to 4095.) None of them takes a lock, so they
-// belong to one thread at a time.
+// Lifetime: every name call below, QrvGetMaterialType and QrvGetMFIString share one text per
+// thread. The pointer returned keeps its text until the same thread's next call of any of them;
+// copy it at once. (It stays readable afterwards, also after the thread has ended, and then shows
+// a newer text: the text has a fixed place of 4096 characters that is never freed, and a longer
+// melt-flow text is cut to 4095.)
+//
+// Threads: each thread has its own name text and content text, so these calls may run from any
+// number of threads, also on the same record while no thread changes it. A thread sees what a
+// process with one thread would see; a new thread starts with the empty text.
 //
 // Stale text: where a model is known but the index lies past its labels, a parameter-name call
-// assigns nothing and returns the text that the previous naming call left (the empty text on the
-// first call). That is the settled answer, not an error.
+// assigns nothing and returns the text that the same thread's previous naming call left (the
+// empty text on the thread's first call). That is the settled answer, not an error.
 //
 // Null record: the model and parameter name calls have no failure value of their own; they throw
-// std::invalid_argument for a null record and leave the shared text as it was.
+// std::invalid_argument for a null record and leave the thread's text as it was.
 #ifndef QUORVALIB_VOCABULARY_H
 #define QUORVALIB_VOCABULARY_H
 
@@ -70,12 +74,16 @@ QRV_API const char* QrvGetCrystallinityParaName(QrvMaterial* material, int index
 //
 // Returns null for a null record, and null where the dump cannot be formed whole: a line longer
 // than 255 characters, a text longer than 3071 characters, or a block with parameters but a null
-// Para. The text lives in a buffer of the library until the next QrvGetContent call.
+// Para. The text lives in a buffer of the library until the same thread's next QrvGetContent call
+// (when the thread ends, the buffer is emptied and stays readable until a later thread's call).
+// Numbers print with the C library's locale, which a file open on another thread switches for its
+// duration.
 QRV_API const char* QrvGetContent(QrvMaterial* material, bool thermoset);
 
 // The part of Comment from its first "MFI" to its first "/10min", both included, when that
 // "/10min" starts after that "MFI"; otherwise (either missing, or "/10min" first) "Unavailable".
-// "fail" for a null record, and "Unavailable" for a null Comment. The text is the shared name text.
+// "fail" for a null record, and "Unavailable" for a null Comment. The text is the thread's name
+// text.
 QRV_API const char* QrvGetMFIString(QrvMaterial* material);
 
 #endif

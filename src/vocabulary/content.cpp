@@ -4,6 +4,8 @@
 #include <cstdio>
 #include <string>
 
+#include "vocabulary/thread_slot.h"
+
 namespace {
 
 // The dump was always formed in a 256-character line buffer and a 3072-character result buffer
@@ -87,8 +89,8 @@ const char* QrvGetContent(QrvMaterial* material, bool thermoset) {
     out.line("%s", "\n// EOF //\n\n");
     if (out.failed()) return nullptr;
 
-    // Kept until the next call so that the caller can read it.
-    static std::string content;
+    // Kept until the same thread's next call so that the caller can read it.
+    std::string& content = qrv::threadSlot<std::string>();
     content.swap(out.text());
     return content.c_str();
 }
