@@ -31,6 +31,7 @@ TEST(Manipulator, FreshObjectAnswersItsMisses) {
     EXPECT_FALSE(m.IsIC_Substrate());
     EXPECT_STREQ(m.GetMaterialType(), "fail");
     EXPECT_EQ(m.GetQrvMaterial(), nullptr);
+    EXPECT_EQ(m.GetContent(), nullptr);
 }
 
 TEST(Manipulator, ThermosetMarkIsNotTheRecordType) {

@@ -236,6 +236,17 @@ TEST(EvaluatorClasses, TableAtAnInnerPointUsesTheLowerSegment) {
     EXPECT_EQ(k.Evaluate(150.0), 20.0);
 }
 
+TEST(EvaluatorClasses, TableWithAStepAtAnInnerPointTakesTheLowerSegment) {
+    // A vertical step at 200: the lower segment ends on 20 there, while the step itself (two
+    // equal temperatures) would divide by zero, so only the lower segment gives a number.
+    const std::vector<double> p{10.0, 100.0, 20.0, 200.0, 50.0, 200.0, 60.0, 300.0};
+    CCPTabulated cp(8, p.data());
+    CKTabulated k(8, p.data());
+    EXPECT_EQ(cp.Evaluate(200.0), 20.0);
+    EXPECT_EQ(k.Evaluate(200.0), 20.0);
+    EXPECT_EQ(cp.Evaluate(250.0), 55.0);
+}
+
 TEST(EvaluatorClasses, TablesWhereNoSegmentMatches) {
     // Out of order the class and the flat function still agree: every t between the first and
     // the last temperature lies on some segment.

@@ -106,6 +106,20 @@ TEST_F(RoundTripTest, AnEmptyMaterialHasOnlyItsSummary) {
     EXPECT_EQ(raw.textAttribute("/Vantrell/Run1/Material/Material 1/Summary", "Polymer"), "");
 }
 
+TEST_F(RoundTripTest, CurveObjectsWithoutCurvesComeBackAsNullPointers) {
+    MaterialPtr material = makeRecord();
+    material->FileVer = 9012;
+    material->VisRaw = new CQrvViscosityData;
+    material->PVTRaw = new CQrvPVTData;
+    MATIO_RSVManipulator manipulator(file.c_str());
+    ASSERT_TRUE(manipulator.AddMaterial(material.get(), "No curves", kRun1Plastic));
+    const QrvMaterial* back = manipulator.GetMaterial(0);
+    ASSERT_NE(back, nullptr);
+    EXPECT_GE(back->FileVer, 9010);
+    EXPECT_EQ(back->VisRaw, nullptr);
+    EXPECT_EQ(back->PVTRaw, nullptr);
+}
+
 TEST_F(RoundTripTest, AnMTCRecordWithoutIntervalsHasAnEmptyTemperatureArray) {
     MaterialPtr material = makeRecord();
     QRV_MTC record{3, 2, 0, nullptr, nullptr};

@@ -121,6 +121,56 @@ std::string rawCurves(CQrvMatRawData* data, int index) {
     return out;
 }
 
+// The batch calls take every point of the table in one call; their answer is the count written
+// and the bits of each result.
+struct PointColumns {
+    std::vector<double> shearRate, temperature, pressure, conversion;
+    PointColumns() {
+        for (const Point& p : points()) {
+            shearRate.push_back(p.shearRate);
+            temperature.push_back(p.temperature);
+            pressure.push_back(p.pressure);
+            conversion.push_back(p.conversion);
+        }
+    }
+    int count() const { return static_cast<int>(shearRate.size()); }
+};
+
+std::string batchResult(int written, const std::vector<double>& out) {
+    std::string text = std::to_string(written);
+    for (double value : out)
+        text += " " + bits(value);
+    return text;
+}
+
+using ViscosityBatch = int (*)(Flat, int, const double*, const double*, const double*,
+                               const double*, double*);
+using VolumeBatch = int (*)(Flat, int, const double*, const double*, const double*, double*);
+using TableBatch = int (*)(Flat, int, const double*, double*);
+
+template <ViscosityBatch F>
+std::string viscosityBatch(Flat m, const Point&) {
+    const PointColumns c;
+    std::vector<double> out(c.count(), -7.0);
+    return batchResult(F(m, c.count(), c.shearRate.data(), c.temperature.data(), c.pressure.data(),
+                         c.conversion.data(), out.data()),
+                       out);
+}
+template <VolumeBatch F>
+std::string volumeBatch(Flat m, const Point&) {
+    const PointColumns c;
+    std::vector<double> out(c.count(), -7.0);
+    return batchResult(
+        F(m, c.count(), c.pressure.data(), c.temperature.data(), c.conversion.data(), out.data()),
+        out);
+}
+template <TableBatch F>
+std::string tableBatch(Flat m, const Point&) {
+    const PointColumns c;
+    std::vector<double> out(c.count(), -7.0);
+    return batchResult(F(m, c.count(), c.temperature.data(), out.data()), out);
+}
+
 }  // namespace
 
 const std::vector<RecordCall>& recordCalls() {
@@ -144,6 +194,17 @@ const std::vector<RecordCall>& recordCalls() {
         {"QrvIsIC_LeadFrame", flag<QrvIsIC_LeadFrame>},
         {"QrvIsIC_Substrate", flag<QrvIsIC_Substrate>},
         {"QrvIsIC_Wire", flag<QrvIsIC_Wire>},
+        // batch evaluators, every point in one call
+        {"QrvGetViscosityN", viscosityBatch<QrvGetViscosityN>},
+        {"QrvGetViscosityNFast", viscosityBatch<QrvGetViscosityNFast>},
+        {"QrvGetSpecificVolumeN", volumeBatch<QrvGetSpecificVolumeN>},
+        {"QrvGetSpecificVolumeNFast", volumeBatch<QrvGetSpecificVolumeNFast>},
+        {"QrvGetDensityN", volumeBatch<QrvGetDensityN>},
+        {"QrvGetDensityNFast", volumeBatch<QrvGetDensityNFast>},
+        {"QrvGetHeatCapacityN", tableBatch<QrvGetHeatCapacityN>},
+        {"QrvGetHeatCapacityNFast", tableBatch<QrvGetHeatCapacityNFast>},
+        {"QrvGetThermalConductivityN", tableBatch<QrvGetThermalConductivityN>},
+        {"QrvGetThermalConductivityNFast", tableBatch<QrvGetThermalConductivityNFast>},
         // evaluators
         {"QrvGetViscosity",
          [](Flat m, const Point& p) {
