@@ -49,7 +49,10 @@ std::string bytesOf(const std::string& path) {
 bool entryRoundTrip(MATIO_BankManipulator& banks, const std::string& bank, int index) {
     const std::string saved = root() + "/saved.mtr";
     const std::string exported = root() + "/exported.mtr";
+    // The constructor leaves the type, version and dates undefined, and a thermoset or
+    // non-polymer entry keeps them as they came in: they start at 0 here.
     auto* taken = new QrvMaterial;
+    taken->FileType = taken->FileVer = taken->LastEditDate = taken->MeasureDate = 0;
     const int kind = banks.ExtractPlasticMaterialFromBank(bank.c_str(), index, *taken);
     if (kind == 1 || kind == -3) {
         const bool thermoset = taken->FileType == QRV_TYPE_THERMOSET;
@@ -60,9 +63,9 @@ bool entryRoundTrip(MATIO_BankManipulator& banks, const std::string& bank, int i
         inFile.LastEditDate = false;
         inFile.SourceText = false;
         // A non-polymer entry comes out with its texts, Cp, K and Mech; its file rebuilds PVT
-        // from the comment and EM, PR and CLTE from Mech. A thermoset entry keeps FileVer as the
-        // empty record had it, 0, so its file leaves out the blocks of later body versions
-        // (Mech, Temp, SI, PW).
+        // from the comment and EM, PR and CLTE from Mech. A thermoset entry keeps FileVer as it
+        // came in, 0, so its file leaves out the blocks of later body versions (Mech, Temp, SI,
+        // PW).
         inFile.CommonOnly = kind == -3;
         inFile.EmptyLateBlocksZeroed = true;
         inFile.KeywordTypes = !thermoset;
