@@ -56,6 +56,11 @@ public:
     //      non-polymer gets FileType from its first text ("Metal" 3, "Coolant" 4, "Chip" 6,
     //      "Lead Frame" 7, "Substrate" 8, "Wire" 9; any other leaves it as it came in), its
     //      texts and Cp, K and Mech.
+    // Saved to a material file and loaded again, a copied entry differs from the copy as
+    // QrvSaveMaterial tells, and also: a thermoplastic's VE and OP are copied whatever the body
+    // version (a file keeps them only where that version has them), its measured data is copied
+    // even without curves, and a thermoset keeps FileVer as it came in (undefined after the
+    // default constructor: set it first), so with 0 its file leaves out Mech, Temp, SI and PW.
     int ExtractPlasticMaterialFromBank(const char* bank, int index, QrvMaterial& material);
 
     // Writes the entry at index as a material file of its own (QrvSaveMaterialRIM for a

@@ -51,6 +51,16 @@ QRV_API QrvMaterial* QrvGetMaterialRIM(const char* path);
 //      touched. A thermoplastic of FileVer 9010 or more without MTC data (one read from an old
 //      fixed block) is written with an empty MTC section;
 //  -3  path is null or has 4 characters or fewer (the record is tested first).
+// Saved and loaded again, a record comes back field for field but for what the file does not
+// keep: LastEditDate (a load gives 0; the frame's one date is MeasureDate), the Source text (a
+// load gives null), the blocks the class chosen by FileType does not carry (a record of FileType
+// 0, as a thermoplastic added to a bank loads, is saved as a non-polymer: texts, Cp, K and Mech
+// only, PVT rebuilt from the comment on loading), the blocks a thermoplastic's FileVer shuts out
+// (VE at 9005 and from 9007, OP from 9008, curves from 9009, MTC from 9010, CR from 9011, PW from
+// 9012; a thermoset's Mech from 9015, Temp 9016, SI 9017, PW 9018), an empty VE, OP, CR or PW
+// block's Source and Model (written as zeros), and measured data without curves (a load gives
+// none). A Polymer of exactly "Metal" or "Coolant" loads with FileType 3 or 4 whatever the class
+// it was saved as. A second save and load changes nothing.
 QRV_API int QrvSaveMaterial(const char* path, QrvMaterial* material);
 
 // As QrvSaveMaterial, but a failed open is not looked at: the writing runs against the failed

@@ -62,7 +62,9 @@ public:
     // larger than 1,048,576 values leaves its block empty; a curve array that is missing or not
     // of two rows ends that raw object's curves; an MTC record with a missing section group, or
     // a missing "Interval Temperature", is left out; "Parameters" gives at most the 21 values a
-    // section holds. A read never changes the file.
+    // section holds. Sections are read one group at a time, so a record whose "Interval
+    // Temperature" claims more sections than it has groups costs no more memory than the groups
+    // it has (it is left out as incomplete). A read never changes the file.
     QrvMaterial* GetMaterial(int index);
 
 private:

@@ -80,15 +80,17 @@ void MATIO_RSVManipulator::GetMTCData() {
         std::optional<DoubleArray> temperatures =
             readDoubles(*Tool, group.get(), "Interval Temperature");
         if (!temperatures || temperatures->Rows < 1) continue;
-        std::vector<QrvMTCSection> sections(temperatures->Columns, QrvMTCSection{});
+        // One section per temperature, each grown only once its group is found: a damaged
+        // temperature count costs no more memory than the sections the file really holds.
+        std::vector<QrvMTCSection> sections;
         bool complete = true;
-        for (size_t s = 0; s < sections.size() && complete; ++s) {
+        for (size_t s = 0; s < temperatures->Columns && complete; ++s) {
             HeldGroup sectionGroup(
                 *Tool,
                 Tool->OpenGroup(group.get(), numbered("Section ", static_cast<long long>(s) + 1)));
             complete = static_cast<bool>(sectionGroup);
             if (!complete) break;
-            QrvMTCSection& section = sections[s];
+            QrvMTCSection& section = sections.emplace_back(QrvMTCSection{});
             HeldTable model(*Tool, Tool->OpenTable(sectionGroup.get(), "MTC Model"));
             readItem(model.get(), "Attribute", &section.Attribute);
             readItem(model.get(), "Model ID", &section.ModelId);
