@@ -1,0 +1,4 @@
+#include "common.h"
+namespace qrvmat {
+void addPlot(CLI::App&) {}
+}  // namespace qrvmat
