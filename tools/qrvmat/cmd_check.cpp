@@ -24,6 +24,14 @@ void runCheck(const CheckOptions& options) {
     }
     TempFolder install;
     if (!options.statistics.empty()) useStatistics(install, options.statistics);
+    char folder[1024];
+    if (!QRVGetInstallFolderPath(nullptr, folder, sizeof folder)) {
+        throw Failure(options.file,
+                      "no statistics to judge it by: give --stats, or set "
+                      "QUORVANE_INSTALL_DIR");
+    }
+    // The report's warning section holds one line "Warning : None" when every check passed,
+    // else the numbered warnings.
     const auto lines = reportLines(reportText(material, "Filling", options.file));
     nlohmann::json warnings = nlohmann::json::array();
     for (const ReportLine& line : sectionLines(lines, "Checking_Polymer_Data_Warning")) {
