@@ -79,6 +79,19 @@ TEST_F(Banks, AddListExtractAndExport) {
     EXPECT_STREQ(extracted->Polymer, "Epoxy");
 }
 
+TEST_F(Banks, AddShowsProgressOnATerminal) {
+    // script(1) runs the tool with a pseudo-terminal as its standard streams.
+    const std::string command = quoted(QRVMAT_PATH) + " bank add t.qbk " +
+                                quoted(dataPath("sample_metal.mtr")) + " " +
+                                quoted(dataPath("sample_thermoplastic_9012.mtr"));
+    const ToolRun run = runShell("script -qec " + quoted(command) + " /dev/null", folder());
+    ASSERT_EQ(run.code, 0) << run.err;
+    EXPECT_NE(run.out.find("adding 1/2: "), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("adding 2/2: "), std::string::npos) << run.out;
+    EXPECT_NE(run.out.find("added 2 of 2"), std::string::npos) << run.out;
+    EXPECT_EQ(parsed(tool({"bank", "list", "t.qbk", "--json"})).size(), 2u);
+}
+
 TEST_F(Banks, BadIndicesAndMissingBanksFail) {
     for (const char* index : {"3", "-1"}) {
         const ToolRun run = tool({"bank", "extract", dataPath("sample_bank.qbk"), index});
