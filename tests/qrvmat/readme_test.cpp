@@ -42,10 +42,10 @@ TEST_F(Readme, EveryCommandOfTheUserGuideRuns) {
         EXPECT_FALSE(run.out.empty() && line.find(" list") != std::string::npos);
         ++commands;
     }
-    EXPECT_GE(commands, 18);
+    EXPECT_GE(commands, 21);
     // What the examples wrote.
     for (const char* written : {"viscosity.svg", "pvt.svg", "pla.mtr", "epoxy.mtx", "converted.mtr",
-                                "my.qbk", "epoxy-again.mtx"}) {
+                                "my.qbk", "epoxy-again.mtx", "demo.rsv", "epoxy-from-run.mtx"}) {
         EXPECT_TRUE(std::filesystem::exists(file(written))) << written;
     }
 }

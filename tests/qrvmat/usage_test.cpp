@@ -10,7 +10,8 @@ TEST_F(Usage, EverySubcommandHasHelp) {
     const std::vector<std::vector<std::string>> commands = {
         {},         {"info"},         {"dump"},        {"check"},           {"report"},
         {"eval"},   {"plot"},         {"default"},     {"convert"},         {"bank"},
-        {"metals"}, {"bank", "list"}, {"bank", "add"}, {"bank", "extract"}, {"bank", "export"}};
+        {"metals"}, {"bank", "list"}, {"bank", "add"}, {"bank", "extract"}, {"bank", "export"},
+        {"run"},    {"run", "list"},  {"run", "add"},  {"run", "get"}};
     for (const auto& command : commands) {
         std::string line = quoted(QRVMAT_PATH);
         for (const auto& word : command)

@@ -58,6 +58,7 @@ void addDefault(CLI::App& app);
 void addConvert(CLI::App& app);
 void addBank(CLI::App& app);
 void addMetals(CLI::App& app);
+void addRun(CLI::App& app);
 
 }  // namespace qrvmat
 

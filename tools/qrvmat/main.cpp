@@ -18,6 +18,7 @@ int main(int argc, char** argv) {
     qrvmat::addConvert(app);
     qrvmat::addBank(app);
     qrvmat::addMetals(app);
+    qrvmat::addRun(app);
     try {
         app.parse(argc, argv);
     } catch (const CLI::CallForHelp& help) {
