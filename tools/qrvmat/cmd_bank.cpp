@@ -20,10 +20,6 @@ MaterialPtr emptyRecord() {
     return material;
 }
 
-std::string text(const char* value) {
-    return value ? value : "";
-}
-
 // The entry at index, or null past the last entry. Throws Failure for an unreadable bank.
 MaterialPtr entryAt(const std::string& bank, int index) {
     MATIO_BankManipulator banks;
@@ -42,13 +38,11 @@ MaterialPtr entryAt(const std::string& bank, int index) {
 
 void list(const std::string& bank, Format format) {
     requireFile(bank);
-    Table table{{"index", "type", "polymer", "producer", "grade"}, {}};
+    Table table = entryTable();
     for (int index = 0;; ++index) {
         MaterialPtr material = entryAt(bank, index);
         if (!material) break;
-        table.rows.push_back({index, text(QrvGetMaterialType(material.get())),
-                              text(material->Polymer), text(material->Producer),
-                              text(material->GradeName)});
+        addEntry(table, index, material.get());
     }
     writeTable(std::cout, table, format);
 }

@@ -18,10 +18,6 @@ struct InfoOptions {
 
 const char* const kUnitSystemNames[] = {"base", "si", "english"};
 
-std::string text(const char* value) {
-    return value ? value : "";
-}
-
 // The analysis modules whose reports show every block of a material of this kind.
 std::vector<std::string> modulesFor(MATIO_Manipulator& material) {
     if (material.IsThermoset() || material.IsRIM()) return {"RIMFilling"};
@@ -47,13 +43,8 @@ std::vector<Block> blocksOf(MATIO_Manipulator& material, const std::string& file
                 blocks.push_back({line.label, {}, nlohmann::json::array()});
                 for (const ReportLine& entry : sectionLines(lines, line.label)) {
                     Block& block = blocks.back();
-                    if (block.model.empty() && block.parameters.empty() &&
-                        entry.label.find(" Model") != std::string::npos && entry.hasValue) {
-                        block.model = entry.value;
-                        continue;
-                    }
-                    if (block.model.empty() && block.parameters.empty() &&
-                        entry.label == "Mechanical Type") {
+                    // A section opens with its model line, the model's name as its value.
+                    if (block.model.empty() && block.parameters.empty()) {
                         block.model = entry.value;
                         continue;
                     }
@@ -89,12 +80,12 @@ void runInfo(const InfoOptions& options) {
     const auto blocks = blocksOf(material, name);
 
     nlohmann::json info{{"file", options.file},
-                        {"type", text(material.GetMaterialType())},
-                        {"polymer", text(material.GetPolymer())},
-                        {"producer", text(material.GetProducer())},
-                        {"grade", text(material.GetGradeName())},
-                        {"comment", text(material.GetComment())},
-                        {"source", text(material.GetSource())},
+                        {"type", textOf(material.GetMaterialType())},
+                        {"polymer", textOf(material.GetPolymer())},
+                        {"producer", textOf(material.GetProducer())},
+                        {"grade", textOf(material.GetGradeName())},
+                        {"comment", textOf(material.GetComment())},
+                        {"source", textOf(material.GetSource())},
                         {"body_version", material.GetFileVer()},
                         {"last_edit_date", material.GetLastEditDate()},
                         {"measure_date", material.GetMeasureDate()},

@@ -25,10 +25,6 @@ struct RunOptions {
     Format format = Format::Text;
 };
 
-std::string text(const char* value) {
-    return value ? value : "";
-}
-
 // A run file is an HDF5 file; anything else would only give an empty store.
 void requireRunFile(const std::string& path) {
     requireFile(path);
@@ -63,14 +59,13 @@ private:
 void list(const RunOptions& options) {
     requireRunFile(options.runFile);
     RunReader reader(options.runFile);
-    Table table{{"index", "type", "polymer", "producer", "grade"}, {}};
+    Table table = entryTable();
     const int count = reader.count();
     for (int i = 0; i < count; ++i) {
         QrvMaterial* material = reader.at(i);
         if (!material)
             throw Failure(options.runFile, "material " + std::to_string(i) + " cannot be read");
-        table.rows.push_back({i, text(QrvGetMaterialType(material)), text(material->Polymer),
-                              text(material->Producer), text(material->GradeName)});
+        addEntry(table, i, material);
     }
     writeTable(std::cout, table, options.format);
 }

@@ -54,4 +54,17 @@ int installedUnitSystem() {
     return QRVGetReleaseVersionUnit(system) ? system : 0;
 }
 
+std::string textOf(const char* value) {
+    return value ? value : "";
+}
+
+Table entryTable() {
+    return {{"index", "type", "polymer", "producer", "grade"}, {}};
+}
+
+void addEntry(Table& table, int index, QrvMaterial* material) {
+    table.rows.push_back({index, textOf(QrvGetMaterialType(material)), textOf(material->Polymer),
+                          textOf(material->Producer), textOf(material->GradeName)});
+}
+
 }  // namespace qrvmat

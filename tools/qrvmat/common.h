@@ -5,6 +5,8 @@
 
 #include <quorvalib/quorvalib.h>
 
+#include "output.h"
+
 #include <CLI/CLI.hpp>
 
 #include <memory>
@@ -46,6 +48,13 @@ void addUnitsOption(CLI::App& command, int& unitSystem);
 
 // The unit system that the installation sets (QUORVANE_UNIT_SYSTEM), else base.
 int installedUnitSystem();
+
+// A text field of a record as a string; empty for a null text.
+std::string textOf(const char* value);
+
+// The listing of the materials of a bank or a run: index, type, polymer, producer and grade.
+Table entryTable();
+void addEntry(Table& table, int index, QrvMaterial* material);
 
 // Every subcommand file offers one of these; main calls them in the order of the help text.
 void addInfo(CLI::App& app);
