@@ -4,6 +4,7 @@
 #include <cmath>
 
 namespace py = pybind11;
+using namespace pybind11::literals;
 
 namespace qrvpy {
 
@@ -15,8 +16,8 @@ Broadcast::Broadcast(const std::vector<py::object>& inputs,
     std::vector<Doubles> arrays;
     py::list shapes;
     for (const py::object& input : inputs) {
-        Doubles array = Doubles::ensure(input);
-        if (!array) throw py::error_already_set();
+        // numpy's own conversion, and its error for what is not a number.
+        Doubles array = Doubles::ensure(numpy.attr("asarray")(input, "dtype"_a = "float64"));
         scalar_ = scalar_ && array.ndim() == 0;
         shapes.append(array.attr("shape"));
         arrays.push_back(array);

@@ -121,11 +121,19 @@ json dump(QrvMaterial* m) {
         cp.push_back(QrvGetHeatCapacity(m, t));
         k.push_back(QrvGetThermalConductivity(m, t));
     }
-    out["grid"] = {{"viscosity", viscosity},
-                   {"specific_volume", volume},
-                   {"density", density},
-                   {"heat_capacity", cp},
-                   {"thermal_conductivity", k}};
+    // Cure conversion[heating rate][temperature] from 0.1, for a record with cure kinetics.
+    json conversion = json::array();
+    if (m->KN.Para && m->KN.Count >= 6) {
+        for (double rate : {0.0, 5.0}) {
+            json row = json::array();
+            for (double t : kTemperatures)
+                row.push_back(QrvGetConversion(m, t, rate, 0.1));
+            conversion.push_back(row);
+        }
+    }
+    out["grid"] = {{"viscosity", viscosity},    {"specific_volume", volume},
+                   {"density", density},        {"heat_capacity", cp},
+                   {"thermal_conductivity", k}, {"conversion", conversion}};
     return out;
 }
 
