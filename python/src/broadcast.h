@@ -34,12 +34,11 @@ private:
     bool scalar_ = true;
 };
 
-// Runs body(offset, count) over [0, size) in pieces that fit the library's int counts, without
-// the GIL.
+// Runs body(offset, count) over [0, size) in pieces that fit the library's int counts. The GIL
+// stays held: another thread could otherwise replace a block's values during the evaluation.
 template <typename Body>
 void inPieces(std::size_t size, Body&& body) {
     constexpr std::size_t kPiece = std::size_t{1} << 30;
-    pybind11::gil_scoped_release released;
     for (std::size_t offset = 0; offset < size; offset += kPiece) {
         const std::size_t count = size - offset < kPiece ? size - offset : kPiece;
         body(offset, static_cast<int>(count));
