@@ -14,6 +14,7 @@
 #include <quorvalib/properties.h>
 #include <quorvalib/record.h>
 #include <quorvalib/registry.h>
+#include <quorvalib/runfile.h>
 #include <quorvalib/version.h>
 #include <quorvalib/vocabulary.h>
 

@@ -3,6 +3,7 @@
 // data of the generated materials. Exits non-zero on any wrong answer.
 #include <quorvalib/quorvalib.h>
 
+#include <sys/stat.h>
 #include <unistd.h>
 #include <cmath>
 #include <cstdio>
@@ -376,6 +377,86 @@ void evaluators() {
         check(!std::isnan(conductivity->Evaluate(120.0)), "conductivity evaluator");
 }
 
+// A folder of the consumer's own below the system's temporary folder.
+std::string scratchFolder() {
+    char pattern[] = "/tmp/quorvalib-consumer-XXXXXX";
+    const char* made = mkdtemp(pattern);
+    return made ? made : "/tmp";
+}
+
+void runFiles(const std::string& folder) {
+    // A run file through the installed library, which brings HDF5 along by itself.
+    const std::string path = folder + "/run.rsv";
+    QrvMaterial* material = QrvGetDefaultMaterial(4, 5, false, 3, 2, 1);
+    {
+        MATIO_RSVManipulator run(path.c_str());
+        check(run.AddMaterial(material, "Part", 65536 + 4096), "run file written");
+        check(run.GetMaterialCount() == 1, "run file count");
+        const QrvMaterial* back = run.GetMaterial(0);
+        check(back && back->Vis.Model == 4 && back->Vis.Count == 5 &&
+                  back->Vis.Para[0] == material->Vis.Para[0],
+              "run file material");
+        check(run.GetMaterial(1) == nullptr, "run file index past the end");
+    }
+    MATIO_RSVManipulator none("/nonexistent-folder/run.rsv");
+    check(none.GetMaterialCount() == 0 && none.GetMaterial(0) == nullptr, "run file without store");
+    QrvReleaseMaterial(material);
+    std::remove(path.c_str());
+}
+
+void banks(const std::string& folder) {
+    const std::string bank = folder + "/materials.qbk";
+    QrvMaterial* plastic = QrvGetDefaultMaterial(4, 5, false, 3, 2, 1);
+    MATIO_BankManipulator banker;
+    check(banker.AddMaterialsToBank(bank.c_str(), plastic, 1) == 0, "bank add");
+    const std::string file = folder + "/saved.mtr";
+    check(QrvSaveMaterial(file.c_str(), plastic) == 1, "bank source file");
+    char* names[] = {const_cast<char*>(file.c_str())};
+    check(banker.AddMaterialsToBank(bank.c_str(), names, 1) == 0, "bank add by name");
+    QrvMaterial extracted;
+    check(banker.ExtractPlasticMaterialFromBank(bank.c_str(), 1, extracted) == 1 &&
+              extracted.Vis.Model == 4 && extracted.Vis.Para[0] == plastic->Vis.Para[0],
+          "bank extract");
+    check(banker.ExtractPlasticMaterialFromBank(bank.c_str(), 2, extracted) == -2, "bank index");
+    const std::string exported = folder + "/exported.mtr";
+    check(banker.ExportPlasticMaterialFromBank(bank.c_str(), 0, exported.c_str()) == 1,
+          "bank export");
+    QrvReleaseMaterial(plastic);
+
+    // A metal in the system bank below a root of the caller's.
+    QrvMaterial* metal = newRecord(QRV_TYPE_METAL);
+    metal->Polymer = text("Metal");
+    metal->Producer = text("Mill");
+    metal->GradeName = text("Steel");
+    metal->Comment = text("D=7.85g/cc");
+    metal->Source = text("");
+    setBlock(metal->Cp, 1, {4.6e6});
+    setBlock(metal->K, 1, {5.2e6});
+    setBlock(metal->Mech, 0, {0.3, 0.0, 2.1e12, 0.0, 0.0, 1.2e-5});
+    const std::string systemBank = folder + "/Bank/System";
+    check(mkdir((folder + "/Bank").c_str(), 0700) == 0 && mkdir(systemBank.c_str(), 0700) == 0,
+          "system bank folder");
+    check(banker.AddMaterialsToBank((systemBank + "/Metal.qbk").c_str(), metal, 1) == 0,
+          "metal bank add");
+    MATIO_QrvNonPolyMat metals;
+    check(metals.GetMetalMatBank(folder.c_str(), folder.c_str(), false) &&
+              metals.GetMatBankCount() == 1 && same(metals.GetMatName(0), "Steel") &&
+              metals.GetDensity(0) == 7.85 && metals.GetCp(0) == 4.6e6 && metals.GetK(0) == 5.2e6 &&
+              metals.GetEM(0) == 2.1e12 && metals.GetPR(0) == 0.3 && metals.GetCLTE(0) == 1.2e-5,
+          "metal list");
+    MATIO_QrvNonPolyMat::CQrvNonPlastic one{};
+    check(metals.GetMat(0, one) && one.Density == 7.85 && !metals.GetMat(1, one), "metal entry");
+    const std::string metalFile = folder + "/steel.mtr";
+    check(QrvSaveMaterial(metalFile.c_str(), metal) == 1, "metal file");
+    MATIO_QrvNonPolyMat copy(metals);
+    check(copy.GetMetalFile(metalFile.c_str(), one) && same(one.Name, "Steel"), "metal file read");
+    QrvReleaseMaterial(metal);
+    for (const std::string& name : {bank, file, exported, metalFile, systemBank + "/Metal.qbk"})
+        std::remove(name.c_str());
+    rmdir(systemBank.c_str());
+    rmdir((folder + "/Bank").c_str());
+}
+
 }  // namespace
 
 int main() {
@@ -385,6 +466,10 @@ int main() {
     manipulator();
     platform();
     evaluators();
+    const std::string folder = scratchFolder();
+    runFiles(folder);
+    banks(folder);
+    rmdir(folder.c_str());
     check(GetDLLVersion() == 9007 && InitQuorvaLib(0) == 0, "library calls");
     check(Get_Quorvalib_Dll_Ver() > 20000000, "build date");
     CQuorvalib marker;

@@ -1,0 +1,316 @@
+// The run-file store on its own: files, groups, tables, arrays, compound types, attributes, the id
+// packing and the fixed vocabulary of a run.
+#include <gtest/gtest.h>
+
+#include <hdf5.h>
+
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "rsv/rsv_tool.h"
+#include "rsv/run_vocabulary.h"
+#include "support/temp_files.h"
+
+namespace {
+
+using namespace QRV3DRSVExTool;
+
+TEST(RunItemIdTest, SplitsRunAndItemByTruncatingDivision) {
+    const RunItem plastic = splitRunItemId(65536 + 4096);
+    EXPECT_EQ(plastic.Run, 1);
+    EXPECT_EQ(plastic.ItemClass, kItemPlastic);
+    const RunItem insert = splitRunItemId(3 * 65536 + 8192 + 5);
+    EXPECT_EQ(insert.Run, 3);
+    EXPECT_EQ(insert.ItemClass, kItemPartInsert);
+    EXPECT_EQ(insert.Child, 5);
+    EXPECT_EQ(splitRunItemId(65535).Run, 0);  // below 65536: run 0
+    EXPECT_EQ(splitRunItemId(0).Run, 0);
+    // Truncation towards zero: -1 is run 0, -65537 run -1 (not -2), with a negative low part.
+    EXPECT_EQ(splitRunItemId(-1).Run, 0);
+    EXPECT_EQ(splitRunItemId(-1).Low, -1);
+    EXPECT_EQ(splitRunItemId(-65537).Run, -1);
+    EXPECT_EQ(splitRunItemId(-65537).Low, -1);
+    EXPECT_EQ(splitRunItemId(-131072).Run, -2);
+    EXPECT_EQ(splitRunItemId(65536 + 3 * 4096).ItemClass, 3);
+}
+
+TEST(VocabularyTest, TablesHaveTheirRowsWidthsAndSpellings) {
+    EXPECT_EQ(sizeof kRunGroups, 7u * 128);
+    EXPECT_EQ(sizeof kEntityNames, 48u * 64);
+    EXPECT_EQ(sizeof kEntityPaths, 48u * 128);
+    EXPECT_EQ(sizeof kAnalysisNames, 11u * 64);
+    EXPECT_EQ(sizeof kComputationSubPaths, 11u * 128);
+    EXPECT_STREQ(kRunGroups[0], "Material/");
+    EXPECT_STREQ(kRunGroups[6], "Sequence/");
+    EXPECT_STREQ(kEntityNames[0], "MeltEntrance");
+    EXPECT_STREQ(kEntityNames[15], "Plastic");
+    EXPECT_STREQ(kEntityNames[18], "PartInsert");
+    EXPECT_STREQ(kEntityNames[47], "PaddleshiftBC");
+    EXPECT_STREQ(kEntityPaths[47], "/Vantrell/Run%d/Entity/PaddleshiftBC/");
+    EXPECT_STREQ(kEntitySubPaths[0], "MeltEntrance/");
+    const char* const shift[] = {kAnalysisNames[7], kComputationNames[7]};
+    for (const char* name : shift)
+        EXPECT_STREQ(name, "PadddleShift");
+    EXPECT_STREQ(kAnalysisPaths[7], "/Vantrell/Run%d/Analysis/PadddleShift/");
+    EXPECT_STREQ(kComputationPaths[7], "/Vantrell/Run%d/Computation/PadddleShift/");
+    EXPECT_STREQ(kAnalysisSubPaths[7], "PadddleShift/");
+    EXPECT_STREQ(kComputationSubPaths[7], "PadddleShift/");
+    EXPECT_STREQ(kComputationNames[10], "MoldDeformation");
+    EXPECT_STREQ(kAnalysisPaths[0], "/Vantrell/Run%d/Analysis/Model/");
+}
+
+class StoreTest : public ::testing::Test {
+protected:
+    qrvtest::TempFolder folder;
+    std::string file = folder.path("run.rsv");
+    CRSVTool tool;
+};
+
+TEST_F(StoreTest, CreateRefusesAnExistingFileWithoutTouchingItAndOpenTakesOver) {
+    ASSERT_EQ(tool.Create(file, 4, 13, 0), 0);
+    tool.Close();
+    const std::string before = qrvtest::fileBytes(file);
+    ASSERT_FALSE(before.empty());
+    EXPECT_NE(tool.Create(file, 4, 13, 0), 0);
+    EXPECT_EQ(qrvtest::fileBytes(file), before);
+    EXPECT_EQ(tool.Open(file), 0);
+    EXPECT_NE(tool.OpenGroup(1), nullptr);
+}
+
+TEST_F(StoreTest, RunGroupIsMadeWithItsEntityAndDescriptionGroups) {
+    ASSERT_EQ(tool.Create(file, 4, 13, 0), 0);
+    EXPECT_EQ(tool.OpenGroup(2, kCategoryMaterial), nullptr);  // never created by a category open
+    EXPECT_EQ(tool.OpenGroup(2, kCategoryEntity), nullptr);
+    EXPECT_EQ(tool.OpenGroup(0), nullptr);  // no run 0
+    EXPECT_EQ(tool.OpenGroup(-1), nullptr);
+    CRSVGroup* run = tool.OpenGroup(2);
+    ASSERT_NE(run, nullptr);
+    EXPECT_EQ(run->GetGroupCount(), 2u);
+    EXPECT_NE(tool.OpenGroup(2, kCategoryEntity), nullptr);
+    EXPECT_NE(tool.OpenGroup(2, kCategoryDescription), nullptr);
+    EXPECT_EQ(tool.OpenGroup(2, kCategoryMaterial), nullptr);
+    EXPECT_EQ(tool.OpenGroup(2, 3), nullptr);
+    ASSERT_NE(tool.CreateGroup(run, "Material"), nullptr);
+    EXPECT_NE(tool.OpenGroup(2, kCategoryMaterial), nullptr);
+    tool.Close();
+    // Seen by HDF5 itself.
+    hid_t raw = H5Fopen(file.c_str(), H5F_ACC_RDONLY, H5P_DEFAULT);
+    ASSERT_GE(raw, 0);
+    for (const char* path :
+         {"/Vantrell/Run2/Entity", "/Vantrell/Run2/Description", "/Vantrell/Run2/Material"})
+        EXPECT_GT(H5Lexists(raw, path, H5P_DEFAULT), 0) << path;
+    H5Fclose(raw);
+}
+
+TEST_F(StoreTest, RelativePathsTakeTrailingSlashAndBackslash) {
+    ASSERT_EQ(tool.Create(file, 4, 13, 0), 0);
+    CRSVGroup* entity = tool.OpenGroup(1, kCategoryEntity);
+    ASSERT_NE(tool.OpenGroup(1), nullptr);
+    entity = tool.OpenGroup(1, kCategoryEntity);
+    ASSERT_NE(entity, nullptr);
+    ASSERT_NE(tool.CreateGroup(entity, "Plastic\\Child0"), nullptr);
+    EXPECT_NE(tool.OpenGroup(entity, "Plastic\\Child0"), nullptr);
+    EXPECT_NE(tool.OpenGroup(entity, "Plastic/"), nullptr);
+    EXPECT_NE(tool.OpenGroup(entity, "Plastic/Child0/"), nullptr);
+    EXPECT_EQ(tool.OpenGroup(entity, "Plastic\\Child1"), nullptr);
+    EXPECT_EQ(tool.OpenGroup(entity, ""), nullptr);
+    EXPECT_EQ(tool.CreateGroup(entity, "Plastic"), nullptr);  // exists already
+    EXPECT_EQ(tool.OpenGroup(nullptr, "Plastic"), nullptr);
+}
+
+TEST_F(StoreTest, TableItemsKeepTheirKindsAndAreNotCountedAsGroups) {
+    ASSERT_EQ(tool.Create(file, 4, 13, 0), 0);
+    CRSVGroup* run = tool.OpenGroup(1);
+    CRSVGroup* group = tool.CreateGroup(run, "Material");
+    CRSVTable* table = tool.CreateTable(group, "Summary");
+    ASSERT_NE(table, nullptr);
+    EXPECT_EQ(table->SetItem("Count", 42), 0);
+    EXPECT_EQ(table->SetItem("Ratio", 0.125), 0);
+    EXPECT_EQ(table->SetItem("Name", "PP"), 0);
+    EXPECT_EQ(table->SetItem("Empty", std::string()), 0);
+    EXPECT_EQ(table->SetItem("Count", 43), 0);  // replaced
+    EXPECT_EQ(table->SetItem("Null", static_cast<const char*>(nullptr)), -1);
+    EXPECT_EQ(table->SetItem("RSV_CLASS", 1), -1);
+    EXPECT_EQ(tool.CloseTable(table), 0);
+    EXPECT_EQ(tool.CloseTable(table), -1);  // given back already
+
+    EXPECT_EQ(group->GetGroupCount(), 0u);
+    EXPECT_EQ(tool.OpenGroup(group, "Summary"), nullptr);  // a table is not a group
+    CRSVTable* again = tool.OpenTable(group, "Summary");
+    ASSERT_NE(again, nullptr);
+    int count = 0;
+    double ratio = 0.0;
+    std::string name = "x", empty = "x";
+    EXPECT_EQ(again->GetItem("Count", &count), 0);
+    EXPECT_EQ(again->GetItem("Ratio", &ratio), 0);
+    EXPECT_EQ(again->GetItem("Name", &name), 0);
+    EXPECT_EQ(again->GetItem("Empty", &empty), 0);
+    EXPECT_EQ(count, 43);
+    EXPECT_EQ(ratio, 0.125);
+    EXPECT_EQ(name, "PP");
+    EXPECT_EQ(empty, "");
+    // A missing key or another kind leaves the output as it was.
+    int wrong = 7;
+    double wrongReal = 7.0;
+    std::string wrongText = "kept";
+    EXPECT_EQ(again->GetItem("Name", &wrong), -1);
+    EXPECT_EQ(again->GetItem("Count", &wrongReal), -1);
+    EXPECT_EQ(again->GetItem("Ratio", &wrongText), -1);
+    EXPECT_EQ(again->GetItem("Missing", &wrong), -1);
+    EXPECT_EQ(again->GetItem("Count", static_cast<int*>(nullptr)), -1);
+    EXPECT_EQ(wrong, 7);
+    EXPECT_EQ(wrongReal, 7.0);
+    EXPECT_EQ(wrongText, "kept");
+    EXPECT_EQ(tool.OpenTable(run, "Material"), nullptr);  // a group is not a table
+}
+
+TEST_F(StoreTest, OneRowArrayGivesOneAndItsElementCount) {
+    ASSERT_EQ(tool.Create(file, 4, 13, 0), 0);
+    CRSVGroup* group = tool.CreateGroup(tool.OpenGroup(1), "Material");
+    const double values[] = {1.5, 2.5, 3.5};
+    CRSVArray* array = tool.CreateArray(group, "Vis Para", kTypeDouble, 1, 3);
+    ASSERT_NE(array, nullptr);
+    EXPECT_EQ(array->WriteArray(values), 0);
+    EXPECT_EQ(tool.CloseArray(array), 0);
+    const int ints[] = {-4, 9};
+    CRSVArray* integers = tool.CreateArray(group, "Ints", kTypeInt32, 2, 1);
+    ASSERT_NE(integers, nullptr);
+    EXPECT_EQ(integers->WriteArray(ints), 0);
+    EXPECT_EQ(tool.CreateArray(group, "Ints", kTypeInt32, 2, 1), nullptr);  // exists
+    EXPECT_EQ(tool.CreateArray(group, "Bad", 5, 1, 1), nullptr);            // unknown type
+    ASSERT_NE(tool.CreateArray(group, "Empty", kTypeDouble, 1, 0), nullptr);
+    tool.CreateGroup(group, "Sub");
+    EXPECT_EQ(group->GetArrayCount(), 3u);
+    EXPECT_EQ(group->GetGroupCount(), 1u);
+
+    CRSVArray* read = tool.OpenArray(group, "Vis Para");
+    ASSERT_NE(read, nullptr);
+    size_t rows = 0, columns = 0;
+    EXPECT_EQ(read->GetDimension(&rows, &columns), 0);
+    EXPECT_EQ(rows, 1u);
+    EXPECT_EQ(columns, 3u);
+    EXPECT_EQ(read->GetElementType(), kTypeDouble);
+    double back[3] = {};
+    EXPECT_EQ(read->ReadArray(back), 0);
+    EXPECT_EQ(std::vector<double>(back, back + 3), std::vector<double>(values, values + 3));
+    CRSVArray* readInts = tool.OpenArray(group, "Ints");
+    ASSERT_NE(readInts, nullptr);
+    EXPECT_EQ(readInts->GetElementType(), kTypeInt32);
+    int intsBack[2] = {};
+    EXPECT_EQ(readInts->ReadArray(intsBack), 0);
+    EXPECT_EQ(intsBack[0], -4);
+    EXPECT_EQ(intsBack[1], 9);
+    EXPECT_EQ(read->ReadArray(nullptr), -1);
+    EXPECT_EQ(tool.OpenArray(group, "Sub"), nullptr);  // a group is not an array
+    EXPECT_EQ(tool.OpenArray(group, "Missing"), nullptr);
+}
+
+TEST_F(StoreTest, CompoundTypeHandlesStayApartFromTypeCodes) {
+    ASSERT_EQ(tool.Create(file, 4, 13, 0), 0);
+    CRSVGroup* group = tool.CreateGroup(tool.OpenGroup(1), "Rows");
+    EXPECT_EQ(tool.BeginCreateCompoundDataType(0), -1);
+    const int type = tool.BeginCreateCompoundDataType(12);
+    ASSERT_GE(type, 0);
+    EXPECT_NE(type, kTypeInt32);
+    EXPECT_NE(type, kTypeDouble);
+    EXPECT_EQ(tool.AddCompoundDataTypeMember(type, "ID", kTypeInt32, 0), 0);
+    EXPECT_EQ(tool.AddCompoundDataTypeFixedLengthStringMember(type, "Value", 4, 8), 0);
+    EXPECT_EQ(tool.AddCompoundDataTypeMember(type, "Late", kTypeInt32, 20), -1);  // outside
+    EXPECT_EQ(tool.CreateArray(group, "Early", type, 1, 1), nullptr);  // not complete yet
+    EXPECT_EQ(tool.EndCreateCompoundDataType(type), 0);
+    EXPECT_EQ(tool.AddCompoundDataTypeMember(type, "After", kTypeInt32, 0), -1);
+    EXPECT_EQ(tool.AddCompoundDataTypeMember(type + 1, "X", kTypeInt32, 0), -1);
+    CRSVArray* array = tool.CreateArray(group, "Result0", type, 2, 1);
+    ASSERT_NE(array, nullptr);
+    char rows[24] = {};
+    rows[0] = 7;
+    std::memcpy(rows + 4, "seven", 6);
+    rows[12] = 8;
+    std::memcpy(rows + 16, "eight", 6);
+    EXPECT_EQ(array->WriteArray(rows), 0);
+    size_t r = 0, c = 0;
+    EXPECT_EQ(array->GetDimension(&r, &c), 0);
+    EXPECT_EQ(r, 2u);
+    EXPECT_EQ(c, 1u);
+    EXPECT_EQ(array->GetElementType(), -1);
+    char back[24] = {};
+    EXPECT_EQ(array->ReadArray(back), 0);
+    EXPECT_EQ(std::memcmp(rows, back, sizeof rows), 0);
+}
+
+TEST_F(StoreTest, AttributesGoOnGroupsAndArrays) {
+    ASSERT_EQ(tool.Create(file, 4, 13, 0), 0);
+    CRSVGroup* run = tool.OpenGroup(1);
+    EXPECT_EQ(tool.WriteAttribute(run, "Material Type", 1), 0);
+    EXPECT_EQ(tool.WriteAttribute(run, "Material Type", -1), 0);
+    EXPECT_EQ(tool.WriteAttribute(run, "Material", "PP(Maker Grade)"), 0);
+    EXPECT_EQ(tool.WriteAttribute(nullptr, "Material", "x"), -1);
+    EXPECT_EQ(tool.WriteAttribute(run, "Material", static_cast<const char*>(nullptr)), -1);
+    tool.Close();
+    hid_t raw = H5Fopen(file.c_str(), H5F_ACC_RDONLY, H5P_DEFAULT);
+    ASSERT_GE(raw, 0);
+    hid_t attribute =
+        H5Aopen_by_name(raw, "/Vantrell/Run1", "Material Type", H5P_DEFAULT, H5P_DEFAULT);
+    ASSERT_GE(attribute, 0);
+    int value = 0;
+    EXPECT_GE(H5Aread(attribute, H5T_NATIVE_INT, &value), 0);
+    EXPECT_EQ(value, -1);
+    H5Aclose(attribute);
+    H5Fclose(raw);
+}
+
+TEST_F(StoreTest, CloseReleasesHandlesStillOpenAndRefusesForeignOnes) {
+    ASSERT_EQ(tool.Create(file, 4, 13, 0), 0);
+    CRSVGroup* run = tool.OpenGroup(1);
+    CRSVGroup* left = tool.CreateGroup(run, "Material");
+    CRSVTable* table = tool.CreateTable(left, "Summary");
+    CRSVArray* array = tool.CreateArray(left, "A", kTypeDouble, 1, 1);
+    ASSERT_NE(table, nullptr);
+    ASSERT_NE(array, nullptr);
+    CRSVTool other;
+    EXPECT_EQ(other.CloseGroup(run), -1);
+    EXPECT_EQ(other.CloseTable(table), -1);
+    EXPECT_EQ(other.CloseArray(array), -1);
+    EXPECT_EQ(tool.CloseGroup(nullptr), -1);
+    tool.Close();
+    // Everything was released: HDF5 has no object of the file left open, and it opens again.
+    EXPECT_EQ(H5Fget_obj_count(H5F_OBJ_ALL, H5F_OBJ_ALL), 0);
+    EXPECT_EQ(tool.Open(file), 0);
+    EXPECT_EQ(tool.OpenGroup(1, kCategoryMaterial)->GetArrayCount(), 1u);
+}
+
+TEST_F(StoreTest, AClosedToolAnswersFailureValues) {
+    EXPECT_EQ(tool.OpenGroup(1), nullptr);
+    EXPECT_EQ(tool.OpenGroup(1, kCategoryMaterial), nullptr);
+    EXPECT_NE(tool.Open(folder.path("missing.rsv")), 0);
+    EXPECT_FALSE(qrvtest::fileExists(folder.path("missing.rsv")));
+    EXPECT_NE(tool.Create(folder.path("no/such/folder.rsv"), 4, 13, 0), 0);
+}
+
+TEST_F(StoreTest, FailuresPrintNothing) {
+    qrvtest::writeFile(file, "not an HDF5 file at all");
+    ::testing::internal::CaptureStderr();
+    EXPECT_NE(tool.Open(file), 0);
+    EXPECT_NE(tool.Create(file, 4, 13, 0), 0);
+    ASSERT_EQ(tool.Create(folder.path("ok.rsv"), 4, 13, 0), 0);
+    CRSVGroup* run = tool.OpenGroup(1);
+    EXPECT_EQ(tool.OpenGroup(run, "Missing/Deeper"), nullptr);
+    EXPECT_EQ(tool.OpenArray(run, "Missing"), nullptr);
+    EXPECT_EQ(tool.CreateGroup(run, "Entity"), nullptr);
+    EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
+}
+
+TEST_F(StoreTest, TheHostsOwnErrorPrintingIsPutBack) {
+    H5E_auto2_t handler = nullptr;
+    void* data = nullptr;
+    H5Eget_auto2(H5E_DEFAULT, &handler, &data);
+    EXPECT_NE(tool.Open(file), 0);
+    H5E_auto2_t after = nullptr;
+    void* afterData = nullptr;
+    H5Eget_auto2(H5E_DEFAULT, &after, &afterData);
+    EXPECT_EQ(after, handler);
+    EXPECT_EQ(afterData, data);
+}
+
+}  // namespace
