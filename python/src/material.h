@@ -50,6 +50,7 @@ void bindEvaluation(pybind11::module_& module, pybind11::class_<Material>& mater
 void bindValues(pybind11::class_<Material>& material);
 void bindBanks(pybind11::module_& module);
 void bindNames(pybind11::module_& module);
+void bindRunFiles(pybind11::module_& module);
 
 }  // namespace qrvpy
 

@@ -22,4 +22,5 @@ OSError naming the file.)";
     qrvpy::bindValues(material);
     qrvpy::bindBanks(module);
     qrvpy::bindNames(module);
+    qrvpy::bindRunFiles(module);
 }
