@@ -1,5 +1,5 @@
-// Material: loading, generating and saving, the header fields and texts, the type tests, the
-// content text and the report.
+// Material: loading, generating and saving, the header fields and texts, the content text and the
+// report.
 #include "material.h"
 
 #include <quorvalib/defaults.h>
@@ -223,22 +223,6 @@ constexpr IntField kInts[] = {
     {"measure_date", &QrvMaterial::MeasureDate, "Measurement date as yyyymmdd (int)."},
 };
 
-struct TypeTest {
-    const char* name;
-    bool (*test)(QrvMaterial*);
-};
-
-constexpr TypeTest kTypeTests[] = {
-    {"is_thermoplastic", QrvIsThermoplastic},
-    {"is_thermoset", QrvIsThermoset},
-    {"is_metal", QrvIsMetal},
-    {"is_coolant", QrvIsCoolant},
-    {"is_chip", QrvIsIC_Chip},
-    {"is_lead_frame", QrvIsIC_LeadFrame},
-    {"is_substrate", QrvIsIC_Substrate},
-    {"is_wire", QrvIsIC_Wire},
-};
-
 }  // namespace
 
 py::class_<Material> bindMaterial(py::module_& module) {
@@ -287,12 +271,6 @@ opened for writing.)");
         material.def_property(
             field.name, [member](const Material& self) { return self.record()->*member; },
             [member](Material& self, int value) { self.record()->*member = value; }, field.doc);
-    }
-    for (const TypeTest& test : kTypeTests) {
-        auto call = test.test;
-        material.def_property_readonly(
-            test.name, [call](const Material& self) { return call(self.record()); },
-            "Type test on FileType (a FileType below 2 counts as thermoplastic).");
     }
     material.def_property_readonly(
         "type", [](const Material& self) { return copied(QrvGetMaterialType(self.record())); },

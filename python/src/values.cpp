@@ -1,6 +1,7 @@
 // The single values of a material: process temperatures, mechanical, fibre and filler values, the
-// values of a non-plastic, and the tests for the blocks it holds.
+// values of a non-plastic, and the tests of its type and of the blocks it holds.
 #include <quorvalib/properties.h>
+#include <quorvalib/record.h>
 
 #include <pybind11/stl.h>
 
@@ -54,18 +55,31 @@ std::optional<double> present(double value) {
     return value;
 }
 
+// The yes-or-no questions about a record: its type by FileType, and the blocks it holds.
 struct Test {
     const char* name;
     bool (*test)(QrvMaterial*);
+    const char* doc;
 };
 
+constexpr const char* kTypeDoc = "Type test on FileType (below 2 counts as thermoplastic).";
+constexpr const char* kHoldsDoc = "Whether the material holds these data.";
+
 constexpr Test kTests[] = {
-    {"has_viscoelastic_data", QrvHasViscoelasticData},
-    {"has_optic_data", QrvHasOpticData},
-    {"has_crystallinity_data", QrvHasCrystallinityData},
-    {"thermoset_has_mech", QrvThermosetHasMech},
-    {"thermoset_has_scorch_index", QrvThermosetHasScorchIndex},
-    {"has_stress_strain_data", QrvHasStressStrainData},
+    {"is_thermoplastic", QrvIsThermoplastic, kTypeDoc},
+    {"is_thermoset", QrvIsThermoset, kTypeDoc},
+    {"is_metal", QrvIsMetal, kTypeDoc},
+    {"is_coolant", QrvIsCoolant, kTypeDoc},
+    {"is_chip", QrvIsIC_Chip, kTypeDoc},
+    {"is_lead_frame", QrvIsIC_LeadFrame, kTypeDoc},
+    {"is_substrate", QrvIsIC_Substrate, kTypeDoc},
+    {"is_wire", QrvIsIC_Wire, kTypeDoc},
+    {"has_viscoelastic_data", QrvHasViscoelasticData, kHoldsDoc},
+    {"has_optic_data", QrvHasOpticData, kHoldsDoc},
+    {"has_crystallinity_data", QrvHasCrystallinityData, kHoldsDoc},
+    {"thermoset_has_mech", QrvThermosetHasMech, kHoldsDoc},
+    {"thermoset_has_scorch_index", QrvThermosetHasScorchIndex, kHoldsDoc},
+    {"has_stress_strain_data", QrvHasStressStrainData, kHoldsDoc},
 };
 
 std::pair<double, double> stressStrain(const Material& material, int index) {
@@ -90,8 +104,7 @@ void bindValues(py::class_<Material>& material) {
     for (const Test& test : kTests) {
         auto call = test.test;
         material.def_property_readonly(
-            test.name, [call](const Material& self) { return call(self.record()); },
-            "Whether the material holds these data.");
+            test.name, [call](const Material& self) { return call(self.record()); }, test.doc);
     }
     material.def_property_readonly(
         "fiber_percent", [](const Material& self) { return QrvGetFiberPercent(self.record()); },
