@@ -1,6 +1,6 @@
-// Saves a generated material to a file in the temporary folder, loads it back and prints what the
-// file gave: the header fields, the viscosity block and a row of viscosities beside those of the
-// material that was saved.
+// Saves a generated material to a file in the temporary folder (or at the path given), loads it
+// back and prints what the file gave: the header fields, the viscosity block and a row of
+// viscosities beside those of the material that was saved.
 #include <quorvalib/quorvalib.h>
 
 #include <cstdint>
@@ -27,14 +27,17 @@ void printRow(const char* label, QrvMaterial* material) {
 
 }  // namespace
 
-int main() {
+// With a path argument the file is written there and kept, for the Python example that follows.
+int main(int argc, char** argv) {
     MaterialPtr generated(QrvGetDefaultMaterial(3, 2, true, 2, 1, 5), QrvReleaseMaterial);
     if (!generated) {
         std::fprintf(stderr, "no default material\n");
         return 1;
     }
+    const bool keep = argc > 1;
     const std::string path =
-        (std::filesystem::temp_directory_path() / "quorvalib_demo_material.mtr").string();
+        keep ? argv[1]
+             : (std::filesystem::temp_directory_path() / "quorvalib_demo_material.mtr").string();
     const int saved = QrvSaveMaterial(path.c_str(), generated.get());
     std::error_code ignored;
     const std::uintmax_t size = std::filesystem::file_size(path, ignored);
@@ -42,7 +45,7 @@ int main() {
                 saved == 1 ? size : std::uintmax_t{0});
 
     MaterialPtr loaded(QrvGetMaterial(path.c_str()), QrvReleaseMaterial);
-    std::filesystem::remove(path, ignored);
+    if (!keep) std::filesystem::remove(path, ignored);
     if (saved != 1 || !loaded) {
         std::fprintf(stderr, "the material did not come back\n");
         return 1;
