@@ -22,6 +22,7 @@ constexpr std::size_t kPointCount = 1000000;
 
 struct Points {
     std::vector<double> shearRate, temperature, pressure;
+    std::vector<double> meltTemperature;  // the temperatures held at 180 degree C and above
 };
 
 // Conditions of a filling simulation: shear rates of 1 to 10^5 1/s, 180 to 300 degree C for the
@@ -33,12 +34,14 @@ const Points& points() {
         p.shearRate.resize(kPointCount);
         p.temperature.resize(kPointCount);
         p.pressure.resize(kPointCount);
+        p.meltTemperature.resize(kPointCount);
         for (std::size_t i = 0; i < kPointCount; ++i) {
             const double u = static_cast<double>((i * 7919) % kPointCount) / kPointCount;
             const double v = static_cast<double>((i * 104729) % kPointCount) / kPointCount;
             p.shearRate[i] = std::pow(10.0, 5.0 * u);
             p.temperature[i] = 20.0 + 280.0 * v;
             p.pressure[i] = 1.5e9 * u * v;
+            p.meltTemperature[i] = std::max(p.temperature[i], 180.0);
         }
         return p;
     }();
@@ -64,13 +67,32 @@ const Evaluation kEvaluations[] = {
     {"ViscosityScalar",
      [](QrvMaterial* r, const Points& p, std::size_t begin, std::size_t end, double* out) {
          for (std::size_t i = begin; i < end; ++i)
-             out[i] =
-                 QrvGetViscosity(r, p.shearRate[i], std::max(p.temperature[i], 180.0), 0.0, 0.0);
+             out[i] = QrvGetViscosity(r, p.shearRate[i], p.meltTemperature[i], 0.0, 0.0);
+     }},
+    {"ViscosityBatch",
+     [](QrvMaterial* r, const Points& p, std::size_t begin, std::size_t end, double* out) {
+         QrvGetViscosityN(r, static_cast<int>(end - begin), &p.shearRate[begin],
+                          &p.meltTemperature[begin], nullptr, nullptr, out + begin);
+     }},
+    {"ViscosityBatchFast",
+     [](QrvMaterial* r, const Points& p, std::size_t begin, std::size_t end, double* out) {
+         QrvGetViscosityNFast(r, static_cast<int>(end - begin), &p.shearRate[begin],
+                              &p.meltTemperature[begin], nullptr, nullptr, out + begin);
      }},
     {"SpecificVolumeScalar",
      [](QrvMaterial* r, const Points& p, std::size_t begin, std::size_t end, double* out) {
          for (std::size_t i = begin; i < end; ++i)
              out[i] = QrvGetSpecificVolume(r, p.pressure[i], p.temperature[i], 0.0);
+     }},
+    {"SpecificVolumeBatch",
+     [](QrvMaterial* r, const Points& p, std::size_t begin, std::size_t end, double* out) {
+         QrvGetSpecificVolumeN(r, static_cast<int>(end - begin), &p.pressure[begin],
+                               &p.temperature[begin], nullptr, out + begin);
+     }},
+    {"SpecificVolumeBatchFast",
+     [](QrvMaterial* r, const Points& p, std::size_t begin, std::size_t end, double* out) {
+         QrvGetSpecificVolumeNFast(r, static_cast<int>(end - begin), &p.pressure[begin],
+                                   &p.temperature[begin], nullptr, out + begin);
      }},
 };
 
