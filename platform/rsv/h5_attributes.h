@@ -9,6 +9,11 @@
 
 namespace QRV3DRSVExTool {
 
+// A table is a group that carries this text attribute with this value; its items are its other
+// attributes.
+constexpr const char* kTableMarker = "RSV_CLASS";
+constexpr const char* kTableClass = "TABLE";
+
 // HDF5 prints its error stack on stderr by default. Each store operation turns that off for its
 // duration and puts back whatever the process had set, so a host using HDF5 keeps its setting.
 class ErrorSilence {

@@ -42,6 +42,7 @@ CRSVArray* CRSVTool::CreateArray(CRSVGroup* group, const std::string& name, int 
     H5Dataset dataset(H5Dcreate2(group->ObjectId(), name.c_str(), memoryType.get(), space.get(),
                                  H5P_DEFAULT, H5P_DEFAULT, H5P_DEFAULT));
     if (!dataset) return nullptr;
+    made(group, name, MemberKind::Array);
     Arrays.push_back(std::make_unique<CRSVArray>(std::move(dataset), std::move(memoryType)));
     return Arrays.back().get();
 }

@@ -11,9 +11,6 @@ namespace QRV3DRSVExTool {
 
 namespace {
 
-constexpr const char* kTableMarker = "RSV_CLASS";
-constexpr const char* kTableClass = "TABLE";
-
 // A caller's relative path in HDF5's form: backslashes become "/", and leading and trailing
 // slashes go. Empty when nothing is left.
 std::string relativePath(std::string path) {
@@ -59,49 +56,26 @@ int release(std::vector<std::unique_ptr<Handle>>& open, Handle* handle) {
     return 0;
 }
 
-enum class NodeKind { Group, Array };
-
-struct CountRequest {
-    NodeKind Kind;
-    size_t Count;
-};
-
-herr_t countNode(hid_t group, const char* name, const H5L_info_t* /*info*/, void* data) {
-    auto* request = static_cast<CountRequest*>(data);
-    // The object's header tells its kind without opening it; a dangling link counts as nothing.
-    H5O_info_t object{};
-    if (H5Oget_info_by_name2(group, name, &object, H5O_INFO_BASIC | H5O_INFO_NUM_ATTRS,
-                             H5P_DEFAULT) < 0)
-        return 0;
-    if (request->Kind == NodeKind::Array) {
-        request->Count += object.type == H5O_TYPE_DATASET;
-    } else if (object.type == H5O_TYPE_GROUP) {
-        // Only a group with attributes can be a table; most groups have none.
-        const bool table =
-            object.num_attrs > 0 && H5Aexists_by_name(group, name, kTableMarker, H5P_DEFAULT) > 0;
-        request->Count += !table;
-    }
-    return 0;
-}
-
-size_t countNodes(hid_t group, NodeKind kind) {
-    ErrorSilence silence;
-    CountRequest request{kind, 0};
-    hsize_t index = 0;
-    if (H5Literate(group, H5_INDEX_NAME, H5_ITER_NATIVE, &index, countNode, &request) < 0) return 0;
-    return request.Count;
-}
-
 }  // namespace
 
 CRSVObject::~CRSVObject() = default;
 
 size_t CRSVGroup::GetGroupCount() {
-    return countNodes(Group.get(), NodeKind::Group);
+    ErrorSilence silence;
+    return MemberCounts::shared().count(Key(), Group.get(), MemberKind::Group);
 }
 
 size_t CRSVGroup::GetArrayCount() {
-    return countNodes(Group.get(), NodeKind::Array);
+    ErrorSilence silence;
+    return MemberCounts::shared().count(Key(), Group.get(), MemberKind::Array);
+}
+
+const std::optional<GroupKey>& CRSVGroup::Key() {
+    if (!KeyKnown) {
+        KeyValue = groupKey(Group.get());
+        KeyKnown = true;
+    }
+    return KeyValue;
 }
 
 CRSVTool::CRSVTool() = default;
@@ -117,8 +91,7 @@ int CRSVTool::Create(const std::string& path, unsigned int, unsigned int, unsign
     H5File file(H5Fcreate(path.c_str(), H5F_ACC_EXCL, H5P_DEFAULT, H5P_DEFAULT));
     if (!file) return -1;
     if (!createGroupAt(file.get(), "Vantrell")) return -1;
-    File = std::move(file);
-    Writable = true;
+    adopt(std::move(file));
     return 0;
 }
 
@@ -130,9 +103,17 @@ int CRSVTool::Open(const std::string& path) {
     if (H5Fis_hdf5(path.c_str()) <= 0) return -1;
     H5File file(H5Fopen(path.c_str(), H5F_ACC_RDWR, H5P_DEFAULT));
     if (!file) return -1;
+    adopt(std::move(file));
+    return 0;
+}
+
+void CRSVTool::adopt(H5File file) {
     File = std::move(file);
     Writable = true;
-    return 0;
+    if (const std::optional<GroupKey> root = groupKey(File.get())) {
+        FileNumber = root->File;
+        MemberCounts::shared().opened(*FileNumber);
+    }
 }
 
 void CRSVTool::Close() {
@@ -143,6 +124,20 @@ void CRSVTool::Close() {
     Compounds.clear();
     File.reset();
     Writable = false;
+    if (FileNumber) MemberCounts::shared().closed(*FileNumber);
+    FileNumber.reset();
+}
+
+void CRSVTool::made(CRSVGroup* parent, const std::string& path, MemberKind kind) {
+    if (!FileNumber || !MemberCounts::shared().keepsAny(*FileNumber)) return;
+    // A path of several levels may have made intermediate groups too.
+    if (path.find('/') != std::string::npos) return forgetCounts();
+    if (const std::optional<GroupKey>& key = parent->Key())
+        MemberCounts::shared().added(*key, kind);
+}
+
+void CRSVTool::forgetCounts() {
+    if (FileNumber) MemberCounts::shared().forget(*FileNumber);
 }
 
 CRSVGroup* CRSVTool::keep(H5Group group) {
@@ -158,6 +153,7 @@ CRSVGroup* CRSVTool::OpenGroup(int run) {
     H5Group group = openGroupAt(File.get(), path);
     if (!group && Writable && run >= 1) {
         group = createGroupAt(File.get(), path);
+        forgetCounts();  // a new run below /Vantrell/ and its two groups
         if (!group || !createGroupAt(group.get(), "Entity") ||
             !createGroupAt(group.get(), "Description"))
             return nullptr;
@@ -187,7 +183,10 @@ CRSVGroup* CRSVTool::OpenGroup(CRSVGroup* parent, std::string path) {
 CRSVGroup* CRSVTool::CreateGroup(CRSVGroup* parent, std::string name) {
     ErrorSilence silence;
     if (!parent) return nullptr;
-    return keep(createGroupAt(parent->ObjectId(), relativePath(std::move(name))));
+    const std::string path = relativePath(std::move(name));
+    H5Group group = createGroupAt(parent->ObjectId(), path);
+    if (group) made(parent, path, MemberKind::Group);
+    return keep(std::move(group));
 }
 
 int CRSVTool::CloseGroup(CRSVGroup* group) {
@@ -198,8 +197,14 @@ int CRSVTool::CloseGroup(CRSVGroup* group) {
 CRSVTable* CRSVTool::CreateTable(CRSVGroup* group, const std::string& name) {
     ErrorSilence silence;
     if (!group) return nullptr;
-    H5Group table = createGroupAt(group->ObjectId(), relativePath(name));
-    if (!table || writeScalarAttribute(table.get(), kTableMarker, kTableClass) != 0) return nullptr;
+    const std::string path = relativePath(name);
+    H5Group table = createGroupAt(group->ObjectId(), path);
+    if (!table) return nullptr;
+    const bool marked = writeScalarAttribute(table.get(), kTableMarker, kTableClass) == 0;
+    // Tables are not counted, but intermediate groups of a path are, and so is a group left
+    // without its marker.
+    if (!marked || path.find('/') != std::string::npos) forgetCounts();
+    if (!marked) return nullptr;
     Tables.push_back(std::make_unique<CRSVTable>(std::move(table)));
     return Tables.back().get();
 }
@@ -225,12 +230,19 @@ int CRSVTool::CloseArray(CRSVArray* array) {
 
 int CRSVTool::WriteAttribute(CRSVObject* object, const std::string& name, int value) {
     ErrorSilence silence;
-    return object ? writeScalarAttribute(object->ObjectId(), name, value) : -1;
+    if (!object) return -1;
+    const int result = writeScalarAttribute(object->ObjectId(), name, value);
+    if (name == kTableMarker) forgetCounts();  // a table's marker replaced: a group again
+    return result;
 }
 
 int CRSVTool::WriteAttribute(CRSVObject* object, const std::string& name, const char* value) {
     ErrorSilence silence;
-    return object ? writeScalarAttribute(object->ObjectId(), name, value) : -1;
+    if (!object) return -1;
+    const int result = writeScalarAttribute(object->ObjectId(), name, value);
+    if (name == kTableMarker)
+        forgetCounts();  // a group may have become a table, or stopped being one
+    return result;
 }
 
 // Table items are the table group's attributes; the marker is not an item.

@@ -14,10 +14,12 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "rsv/h5_handle.h"
+#include "rsv/member_counts.h"
 
 namespace QRV3DRSVExTool {
 
@@ -41,11 +43,17 @@ public:
     hid_t ObjectId() const override { return Group.get(); }
 
     // Direct sub-groups (tables not counted) and direct arrays; 0 when the group cannot be read.
+    // The group is walked once while its file is open; see member_counts.h.
     size_t GetGroupCount();
     size_t GetArrayCount();
 
+    // Which group this is, whatever path reached it; asked of HDF5 once per handle.
+    const std::optional<GroupKey>& Key();
+
 private:
     H5Group Group;
+    bool KeyKnown = false;
+    std::optional<GroupKey> KeyValue;
 };
 
 class CRSVTable {
@@ -159,9 +167,14 @@ private:
     };
 
     CRSVGroup* keep(H5Group group);
+    void adopt(H5File file);  // the newly opened file becomes the tool's
     const Compound* compound(int handle) const;
+    // Keeps the member counts exact after the store made a member at path below parent.
+    void made(CRSVGroup* parent, const std::string& path, MemberKind kind);
+    void forgetCounts();
 
     H5File File;
+    std::optional<unsigned long> FileNumber;  // HDF5's number of the open file
     bool Writable = false;
     std::vector<std::unique_ptr<CRSVGroup>> Groups;
     std::vector<std::unique_ptr<CRSVTable>> Tables;
