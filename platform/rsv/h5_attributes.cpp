@@ -7,15 +7,6 @@
 
 namespace QRV3DRSVExTool {
 
-ErrorSilence::ErrorSilence() {
-    H5Eget_auto2(H5E_DEFAULT, &Handler, &Data);
-    H5Eset_auto2(H5E_DEFAULT, nullptr, nullptr);
-}
-
-ErrorSilence::~ErrorSilence() {
-    H5Eset_auto2(H5E_DEFAULT, Handler, Data);
-}
-
 namespace {
 
 int writeAttribute(hid_t object, const std::string& name, hid_t fileType, hid_t memoryType,

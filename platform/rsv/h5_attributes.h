@@ -1,5 +1,4 @@
-// Scalar HDF5 attributes, the storage of table items and of object attributes, and the switch
-// that keeps HDF5's error printing off during a store operation.
+// Scalar HDF5 attributes, the storage of table items and of object attributes.
 #ifndef QRV_PLATFORM_RSV_H5_ATTRIBUTES_H
 #define QRV_PLATFORM_RSV_H5_ATTRIBUTES_H
 
@@ -13,20 +12,6 @@ namespace QRV3DRSVExTool {
 // attributes.
 constexpr const char* kTableMarker = "RSV_CLASS";
 constexpr const char* kTableClass = "TABLE";
-
-// HDF5 prints its error stack on stderr by default. Each store operation turns that off for its
-// duration and puts back whatever the process had set, so a host using HDF5 keeps its setting.
-class ErrorSilence {
-public:
-    ErrorSilence();
-    ~ErrorSilence();
-    ErrorSilence(const ErrorSilence&) = delete;
-    ErrorSilence& operator=(const ErrorSilence&) = delete;
-
-private:
-    H5E_auto2_t Handler = nullptr;
-    void* Data = nullptr;
-};
 
 // Writes a scalar attribute (32-bit integer, binary64 or a zero-terminated fixed-length text),
 // replacing one of the same name: 0, or -1.

@@ -8,7 +8,7 @@
 // given back, is refused (-1) and never dereferenced. Every operation answers a failure value and
 // nothing else: a null handle for the opens and creates, a non-zero (negative) int otherwise, and
 // no HDF5 error text reaches stderr (the library's printing is switched off around each call and
-// put back afterwards, so a host that uses HDF5 itself keeps its own setting).
+// put back afterwards, so a host that uses HDF5 itself keeps its own setting; error_silence.h).
 #ifndef QRV_PLATFORM_RSV_RSV_TOOL_H
 #define QRV_PLATFORM_RSV_RSV_TOOL_H
 
@@ -18,6 +18,7 @@
 #include <string>
 #include <vector>
 
+#include "rsv/error_silence.h"
 #include "rsv/h5_handle.h"
 #include "rsv/member_counts.h"
 
