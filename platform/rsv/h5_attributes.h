@@ -14,10 +14,10 @@ constexpr const char* kTableMarker = "RSV_CLASS";
 constexpr const char* kTableClass = "TABLE";
 
 // Writes a scalar attribute (32-bit integer, binary64 or a zero-terminated fixed-length text),
-// replacing one of the same name: 0, or -1.
-int writeScalarAttribute(hid_t object, const std::string& name, int value);
-int writeScalarAttribute(hid_t object, const std::string& name, double value);
-int writeScalarAttribute(hid_t object, const std::string& name, const char* value);
+// replacing one of the same name: 0, or -1. scalar is a scalar dataspace, made once by the caller.
+int writeScalarAttribute(hid_t object, const std::string& name, int value, hid_t scalar);
+int writeScalarAttribute(hid_t object, const std::string& name, double value, hid_t scalar);
+int writeScalarAttribute(hid_t object, const std::string& name, const char* value, hid_t scalar);
 
 // Reads an attribute that holds exactly one value of the matching class: 0, or -1 with the output
 // untouched.

@@ -39,11 +39,16 @@ H5Group openGroupAt(hid_t location, const std::string& path) {
     return H5Group(H5Gopen2(location, path.c_str(), H5P_DEFAULT));
 }
 
-H5Group createGroupAt(hid_t location, const std::string& path) {
-    if (path.empty()) return H5Group();
+H5PropertyList makeParentsList() {
     H5PropertyList links(H5Pcreate(H5P_LINK_CREATE));
-    if (!links || H5Pset_create_intermediate_group(links.get(), 1) < 0) return H5Group();
-    return H5Group(H5Gcreate2(location, path.c_str(), links.get(), H5P_DEFAULT, H5P_DEFAULT));
+    if (!links || H5Pset_create_intermediate_group(links.get(), 1) < 0) return H5PropertyList();
+    return links;
+}
+
+// links: a link creation list that makes missing intermediate groups.
+H5Group createGroupAt(hid_t location, const std::string& path, hid_t links) {
+    if (path.empty()) return H5Group();
+    return H5Group(H5Gcreate2(location, path.c_str(), links, H5P_DEFAULT, H5P_DEFAULT));
 }
 
 template <typename Handle>
@@ -89,9 +94,11 @@ int CRSVTool::Create(const std::string& path, unsigned int, unsigned int, unsign
     Close();
     // Exclusive creation: an existing file is neither truncated nor opened.
     H5File file(H5Fcreate(path.c_str(), H5F_ACC_EXCL, H5P_DEFAULT, H5P_DEFAULT));
-    if (!file) return -1;
-    if (!createGroupAt(file.get(), "Vantrell")) return -1;
-    adopt(std::move(file));
+    if (!file || !adopt(std::move(file))) return -1;
+    if (!createGroupAt(File.get(), "Vantrell", MakeParents.get())) {
+        Close();
+        return -1;
+    }
     return 0;
 }
 
@@ -102,18 +109,23 @@ int CRSVTool::Open(const std::string& path) {
     // the HDF5 signature is a run file.
     if (H5Fis_hdf5(path.c_str()) <= 0) return -1;
     H5File file(H5Fopen(path.c_str(), H5F_ACC_RDWR, H5P_DEFAULT));
-    if (!file) return -1;
-    adopt(std::move(file));
+    if (!file || !adopt(std::move(file))) return -1;
     return 0;
 }
 
-void CRSVTool::adopt(H5File file) {
+bool CRSVTool::adopt(H5File file) {
+    H5Space scalar(H5Screate(H5S_SCALAR));
+    H5PropertyList makeParents = makeParentsList();
+    if (!scalar || !makeParents) return false;  // the file closes with its handle
     File = std::move(file);
     Writable = true;
+    Scalar = std::move(scalar);
+    MakeParents = std::move(makeParents);
     if (const std::optional<GroupKey> root = groupKey(File.get())) {
         FileNumber = root->File;
         MemberCounts::shared().opened(*FileNumber);
     }
+    return true;
 }
 
 void CRSVTool::Close() {
@@ -122,6 +134,8 @@ void CRSVTool::Close() {
     Tables.clear();
     Groups.clear();
     Compounds.clear();
+    Scalar.reset();
+    MakeParents.reset();
     File.reset();
     Writable = false;
     if (FileNumber) MemberCounts::shared().closed(*FileNumber);
@@ -152,10 +166,10 @@ CRSVGroup* CRSVTool::OpenGroup(int run) {
     const std::string path = runPath(run);
     H5Group group = openGroupAt(File.get(), path);
     if (!group && Writable && run >= 1) {
-        group = createGroupAt(File.get(), path);
+        group = createGroupAt(File.get(), path, MakeParents.get());
         forgetCounts();  // a new run below /Vantrell/ and its two groups
-        if (!group || !createGroupAt(group.get(), "Entity") ||
-            !createGroupAt(group.get(), "Description"))
+        if (!group || !createGroupAt(group.get(), "Entity", MakeParents.get()) ||
+            !createGroupAt(group.get(), "Description", MakeParents.get()))
             return nullptr;
     }
     return keep(std::move(group));
@@ -184,7 +198,7 @@ CRSVGroup* CRSVTool::CreateGroup(CRSVGroup* parent, std::string name) {
     ErrorSilence silence;
     if (!parent) return nullptr;
     const std::string path = relativePath(std::move(name));
-    H5Group group = createGroupAt(parent->ObjectId(), path);
+    H5Group group = createGroupAt(parent->ObjectId(), path, MakeParents.get());
     if (group) made(parent, path, MemberKind::Group);
     return keep(std::move(group));
 }
@@ -198,14 +212,15 @@ CRSVTable* CRSVTool::CreateTable(CRSVGroup* group, const std::string& name) {
     ErrorSilence silence;
     if (!group) return nullptr;
     const std::string path = relativePath(name);
-    H5Group table = createGroupAt(group->ObjectId(), path);
+    H5Group table = createGroupAt(group->ObjectId(), path, MakeParents.get());
     if (!table) return nullptr;
-    const bool marked = writeScalarAttribute(table.get(), kTableMarker, kTableClass) == 0;
+    const bool marked =
+        writeScalarAttribute(table.get(), kTableMarker, kTableClass, Scalar.get()) == 0;
     // Tables are not counted, but intermediate groups of a path are, and so is a group left
     // without its marker.
     if (!marked || path.find('/') != std::string::npos) forgetCounts();
     if (!marked) return nullptr;
-    Tables.push_back(std::make_unique<CRSVTable>(std::move(table)));
+    Tables.push_back(std::make_unique<CRSVTable>(std::move(table), Scalar.get()));
     return Tables.back().get();
 }
 
@@ -214,7 +229,7 @@ CRSVTable* CRSVTool::OpenTable(CRSVGroup* group, const std::string& name) {
     if (!group) return nullptr;
     H5Group table = openGroupAt(group->ObjectId(), relativePath(name));
     if (!table || !isTable(table.get())) return nullptr;
-    Tables.push_back(std::make_unique<CRSVTable>(std::move(table)));
+    Tables.push_back(std::make_unique<CRSVTable>(std::move(table), Scalar.get()));
     return Tables.back().get();
 }
 
@@ -231,7 +246,7 @@ int CRSVTool::CloseArray(CRSVArray* array) {
 int CRSVTool::WriteAttribute(CRSVObject* object, const std::string& name, int value) {
     ErrorSilence silence;
     if (!object) return -1;
-    const int result = writeScalarAttribute(object->ObjectId(), name, value);
+    const int result = writeScalarAttribute(object->ObjectId(), name, value, Scalar.get());
     if (name == kTableMarker) forgetCounts();  // a table's marker replaced: a group again
     return result;
 }
@@ -239,7 +254,7 @@ int CRSVTool::WriteAttribute(CRSVObject* object, const std::string& name, int va
 int CRSVTool::WriteAttribute(CRSVObject* object, const std::string& name, const char* value) {
     ErrorSilence silence;
     if (!object) return -1;
-    const int result = writeScalarAttribute(object->ObjectId(), name, value);
+    const int result = writeScalarAttribute(object->ObjectId(), name, value, Scalar.get());
     if (name == kTableMarker)
         forgetCounts();  // a group may have become a table, or stopped being one
     return result;
@@ -249,10 +264,10 @@ int CRSVTool::WriteAttribute(CRSVObject* object, const std::string& name, const 
 namespace {
 
 template <typename Value>
-int setItem(hid_t table, const std::string& key, Value value) {
+int setItem(hid_t table, const std::string& key, Value value, hid_t scalar) {
     ErrorSilence silence;
     if (key == kTableMarker) return -1;
-    return writeScalarAttribute(table, key, value);
+    return writeScalarAttribute(table, key, value, scalar);
 }
 
 template <typename Value>
@@ -265,16 +280,16 @@ int getItem(hid_t table, const std::string& key, Value* value) {
 }  // namespace
 
 int CRSVTable::SetItem(const std::string& key, int value) {
-    return setItem(Group.get(), key, value);
+    return setItem(Group.get(), key, value, Scalar);
 }
 int CRSVTable::SetItem(const std::string& key, double value) {
-    return setItem(Group.get(), key, value);
+    return setItem(Group.get(), key, value, Scalar);
 }
 int CRSVTable::SetItem(const std::string& key, const char* value) {
-    return setItem(Group.get(), key, value);
+    return setItem(Group.get(), key, value, Scalar);
 }
 int CRSVTable::SetItem(const std::string& key, const std::string& value) {
-    return setItem(Group.get(), key, value.c_str());
+    return setItem(Group.get(), key, value.c_str(), Scalar);
 }
 int CRSVTable::GetItem(const std::string& key, int* value) {
     return getItem(Group.get(), key, value);

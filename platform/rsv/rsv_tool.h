@@ -59,7 +59,8 @@ private:
 
 class CRSVTable {
 public:
-    explicit CRSVTable(H5Group group) : Group(std::move(group)) {}
+    // scalar: the tool's scalar dataspace, which outlives its tables.
+    CRSVTable(H5Group group, hid_t scalar) : Group(std::move(group)), Scalar(scalar) {}
 
     // Store an item, replacing one of the same key: 0, or -1 for a null text or a key that HDF5
     // refuses (the marker key RSV_CLASS included).
@@ -77,12 +78,24 @@ public:
 
 private:
     H5Group Group;
+    hid_t Scalar;
+};
+
+// What an array holds as the tool found or made it: the element type to transfer in and its shape.
+// Asked of HDF5 once, when the array is opened or created.
+struct ArrayLayout {
+    H5Type OwnedType;  // a type made for this array (compound, unusual numbers); may be invalid
+    hid_t MemoryType;  // OwnedType, or one of HDF5's predefined native types
+    int ElementType;   // kTypeInt32, kTypeDouble or -1
+    int Rank;
+    hsize_t Dimensions[2];  // valid when Rank is 2
+    hssize_t Elements;      // every element of the array, of any rank; -1 if unknown
 };
 
 class CRSVArray : public CRSVObject {
 public:
-    CRSVArray(H5Dataset dataset, H5Type memoryType)
-        : Dataset(std::move(dataset)), MemoryType(std::move(memoryType)) {}
+    CRSVArray(H5Dataset dataset, ArrayLayout layout)
+        : Dataset(std::move(dataset)), Layout(std::move(layout)) {}
     hid_t ObjectId() const override { return Dataset.get(); }
 
     // Whole array from or into a buffer laid out row after row in the array's element type: 0,
@@ -100,7 +113,7 @@ public:
 
 private:
     H5Dataset Dataset;
-    H5Type MemoryType;
+    ArrayLayout Layout;
 };
 
 class CRSVTool {
@@ -168,7 +181,9 @@ private:
     };
 
     CRSVGroup* keep(H5Group group);
-    void adopt(H5File file);  // the newly opened file becomes the tool's
+    // The newly opened file becomes the tool's; false (and the file closed) when the tool's own
+    // HDF5 objects cannot be made.
+    bool adopt(H5File file);
     const Compound* compound(int handle) const;
     // Keeps the member counts exact after the store made a member at path below parent.
     void made(CRSVGroup* parent, const std::string& path, MemberKind kind);
@@ -176,6 +191,9 @@ private:
 
     H5File File;
     std::optional<unsigned long> FileNumber;  // HDF5's number of the open file
+    // Made once per open file rather than once per item or group.
+    H5Space Scalar;              // the dataspace of every attribute
+    H5PropertyList MakeParents;  // link creation that makes missing intermediate groups
     bool Writable = false;
     std::vector<std::unique_ptr<CRSVGroup>> Groups;
     std::vector<std::unique_ptr<CRSVTable>> Tables;
