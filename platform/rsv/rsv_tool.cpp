@@ -28,8 +28,11 @@ std::string runPath(int run, const char* tail = "") {
 }
 
 bool isTable(hid_t group) {
+    // Asked first whether the marker is there at all: most groups opened as groups have none,
+    // and a failed read costs HDF5 an error stack.
     std::string marker;
-    return readScalarAttribute(group, kTableMarker, &marker) == 0 && marker == kTableClass;
+    return H5Aexists(group, kTableMarker) > 0 &&
+           readScalarAttribute(group, kTableMarker, &marker) == 0 && marker == kTableClass;
 }
 
 // Opens a group at path below location; invalid when missing or not a group.
@@ -133,6 +136,7 @@ void CRSVTool::Close() {
     Arrays.clear();
     Tables.clear();
     Groups.clear();
+    WellKnown.clear();
     Compounds.clear();
     Scalar.reset();
     MakeParents.reset();
@@ -154,25 +158,40 @@ void CRSVTool::forgetCounts() {
     if (FileNumber) MemberCounts::shared().forget(*FileNumber);
 }
 
-CRSVGroup* CRSVTool::keep(H5Group group) {
+CRSVGroup* CRSVTool::keep(H5Group group, std::optional<GroupKey> key) {
     if (!group) return nullptr;
-    Groups.push_back(std::make_unique<CRSVGroup>(std::move(group)));
+    Groups.push_back(std::make_unique<CRSVGroup>(std::move(group), std::move(key)));
     return Groups.back().get();
+}
+
+CRSVGroup* CRSVTool::openWellKnown(const std::string& path) {
+    auto pinned = WellKnown.find(path);
+    if (pinned == WellKnown.end()) {
+        H5Group group = openGroupAt(File.get(), path);
+        if (!group) return nullptr;
+        std::optional<GroupKey> key = groupKey(group.get());
+        pinned = WellKnown.emplace(path, Pinned{std::move(group), key}).first;
+    }
+    // One more HDF5 reference to the pinned group, which the handle's own close gives back.
+    const hid_t id = pinned->second.Group.get();
+    if (H5Iinc_ref(id) < 0) return keep(openGroupAt(File.get(), path));
+    return keep(H5Group(id), pinned->second.Key);
 }
 
 CRSVGroup* CRSVTool::OpenGroup(int run) {
     ErrorSilence silence;
     if (!File) return nullptr;
     const std::string path = runPath(run);
-    H5Group group = openGroupAt(File.get(), path);
-    if (!group && Writable && run >= 1) {
+    if (CRSVGroup* known = openWellKnown(path)) return known;
+    H5Group group;
+    if (Writable && run >= 1) {
         group = createGroupAt(File.get(), path, MakeParents.get());
         forgetCounts();  // a new run below /Vantrell/ and its two groups
         if (!group || !createGroupAt(group.get(), "Entity", MakeParents.get()) ||
             !createGroupAt(group.get(), "Description", MakeParents.get()))
             return nullptr;
     }
-    return keep(std::move(group));
+    return group ? openWellKnown(path) : nullptr;
 }
 
 CRSVGroup* CRSVTool::OpenGroup(int run, int category) {
@@ -183,7 +202,7 @@ CRSVGroup* CRSVTool::OpenGroup(int run, int category) {
                        : category == kCategoryDescription ? "/Description"
                                                           : nullptr;
     if (!tail) return nullptr;
-    return keep(openGroupAt(File.get(), runPath(run, tail)));
+    return openWellKnown(runPath(run, tail));
 }
 
 CRSVGroup* CRSVTool::OpenGroup(CRSVGroup* parent, std::string path) {

@@ -13,6 +13,7 @@
 #define QRV_PLATFORM_RSV_RSV_TOOL_H
 
 #include <cstddef>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -40,7 +41,9 @@ public:
 
 class CRSVGroup : public CRSVObject {
 public:
-    explicit CRSVGroup(H5Group group) : Group(std::move(group)) {}
+    // key: which group this is, when the tool knows it already.
+    CRSVGroup(H5Group group, std::optional<GroupKey> key)
+        : Group(std::move(group)), KeyKnown(key.has_value()), KeyValue(std::move(key)) {}
     hid_t ObjectId() const override { return Group.get(); }
 
     // Direct sub-groups (tables not counted) and direct arrays; 0 when the group cannot be read.
@@ -180,7 +183,10 @@ private:
         bool Complete;
     };
 
-    CRSVGroup* keep(H5Group group);
+    CRSVGroup* keep(H5Group group, std::optional<GroupKey> key = std::nullopt);
+    // The run group or a category group at path: null when missing. The group stays open in the
+    // tool while the file is (see WellKnown); each call gives a handle of its own.
+    CRSVGroup* openWellKnown(const std::string& path);
     // The newly opened file becomes the tool's; false (and the file closed) when the tool's own
     // HDF5 objects cannot be made.
     bool adopt(H5File file);
@@ -196,6 +202,16 @@ private:
     H5PropertyList MakeParents;  // link creation that makes missing intermediate groups
     bool Writable = false;
     std::vector<std::unique_ptr<CRSVGroup>> Groups;
+    // The run and category groups that every AddMaterial and GetMaterial opens again, by path,
+    // held open from their first open to Close: a handle to one shares HDF5's open group instead
+    // of walking the path anew. The store never removes a group, so a path found once stays
+    // valid; one removed or replaced through the HDF5 C API while the tool holds the file open
+    // would be missed, as the member counts would (member_counts.h).
+    struct Pinned {
+        H5Group Group;
+        std::optional<GroupKey> Key;
+    };
+    std::map<std::string, Pinned> WellKnown;
     std::vector<std::unique_ptr<CRSVTable>> Tables;
     std::vector<std::unique_ptr<CRSVArray>> Arrays;
     std::vector<Compound> Compounds;
