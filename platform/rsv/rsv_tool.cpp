@@ -120,6 +120,7 @@ bool CRSVTool::adopt(H5File file) {
     H5Space scalar(H5Screate(H5S_SCALAR));
     H5PropertyList makeParents = makeParentsList();
     if (!scalar || !makeParents) return false;  // the file closes with its handle
+    CacheSize.apply(file.get());
     File = std::move(file);
     Writable = true;
     Scalar = std::move(scalar);
@@ -140,6 +141,7 @@ void CRSVTool::Close() {
     Compounds.clear();
     Scalar.reset();
     MakeParents.reset();
+    if (File) CacheSize.release(File.get());
     File.reset();
     Writable = false;
     if (FileNumber) MemberCounts::shared().closed(*FileNumber);

@@ -22,6 +22,7 @@
 #include "rsv/error_silence.h"
 #include "rsv/h5_handle.h"
 #include "rsv/member_counts.h"
+#include "rsv/metadata_cache.h"
 
 namespace QRV3DRSVExTool {
 
@@ -198,8 +199,9 @@ private:
     H5File File;
     std::optional<unsigned long> FileNumber;  // HDF5's number of the open file
     // Made once per open file rather than once per item or group.
-    H5Space Scalar;              // the dataspace of every attribute
-    H5PropertyList MakeParents;  // link creation that makes missing intermediate groups
+    H5Space Scalar;               // the dataspace of every attribute
+    H5PropertyList MakeParents;   // link creation that makes missing intermediate groups
+    MetadataCacheSize CacheSize;  // metadata_cache.h
     bool Writable = false;
     std::vector<std::unique_ptr<CRSVGroup>> Groups;
     // The run and category groups that every AddMaterial and GetMaterial opens again, by path,
