@@ -1,7 +1,5 @@
 #include "rsv/h5_attributes.h"
 
-#include "rsv/h5_handle.h"
-
 #include <cstring>
 #include <vector>
 
@@ -61,22 +59,48 @@ int readNumber(hid_t object, const std::string& name, Number* value, H5T_class_t
 
 }  // namespace
 
-int writeScalarAttribute(hid_t object, const std::string& name, int value, hid_t scalar) {
-    return writeAttribute(object, name, H5T_STD_I32LE, H5T_NATIVE_INT, &value, scalar);
+bool AttributeShapes::make() {
+    Scalar = H5Space(H5Screate(H5S_SCALAR));
+    return Scalar.valid();
 }
 
-int writeScalarAttribute(hid_t object, const std::string& name, double value, hid_t scalar) {
-    return writeAttribute(object, name, H5T_IEEE_F64LE, H5T_NATIVE_DOUBLE, &value, scalar);
+void AttributeShapes::reset() {
+    Texts.clear();
+    Scalar.reset();
 }
 
-int writeScalarAttribute(hid_t object, const std::string& name, const char* value, hid_t scalar) {
+hid_t AttributeShapes::text(std::size_t bytes, H5Type& longer) {
+    auto kept = Texts.find(bytes);
+    if (kept != Texts.end()) return kept->second.get();
+    H5Type type(H5Tcopy(H5T_C_S1));
+    if (!type || H5Tset_size(type.get(), bytes) < 0 ||
+        H5Tset_strpad(type.get(), H5T_STR_NULLTERM) < 0)
+        return H5I_INVALID_HID;
+    if (bytes > kKeptTextBytes) {
+        longer = std::move(type);
+        return longer.get();
+    }
+    return Texts.emplace(bytes, std::move(type)).first->second.get();
+}
+
+int writeScalarAttribute(hid_t object, const std::string& name, int value,
+                         AttributeShapes& shapes) {
+    return writeAttribute(object, name, H5T_STD_I32LE, H5T_NATIVE_INT, &value, shapes.scalar());
+}
+
+int writeScalarAttribute(hid_t object, const std::string& name, double value,
+                         AttributeShapes& shapes) {
+    return writeAttribute(object, name, H5T_IEEE_F64LE, H5T_NATIVE_DOUBLE, &value, shapes.scalar());
+}
+
+int writeScalarAttribute(hid_t object, const std::string& name, const char* value,
+                         AttributeShapes& shapes) {
     if (!value) return -1;
     // A fixed-length text with its terminator, so that an empty text has a size of 1 too.
-    H5Type type(H5Tcopy(H5T_C_S1));
-    if (!type || H5Tset_size(type.get(), std::strlen(value) + 1) < 0 ||
-        H5Tset_strpad(type.get(), H5T_STR_NULLTERM) < 0)
-        return -1;
-    return writeAttribute(object, name, type.get(), type.get(), value, scalar);
+    H5Type longer;
+    const hid_t type = shapes.text(std::strlen(value) + 1, longer);
+    if (type < 0) return -1;
+    return writeAttribute(object, name, type, type, value, shapes.scalar());
 }
 
 int readScalarAttribute(hid_t object, const std::string& name, int* value) {

@@ -4,7 +4,11 @@
 
 #include <hdf5.h>
 
+#include <cstddef>
+#include <map>
 #include <string>
+
+#include "rsv/h5_handle.h"
 
 namespace QRV3DRSVExTool {
 
@@ -13,11 +17,34 @@ namespace QRV3DRSVExTool {
 constexpr const char* kTableMarker = "RSV_CLASS";
 constexpr const char* kTableClass = "TABLE";
 
+// The dataspace and the text types of scalar attributes, made once per open file rather than once
+// per attribute; the tool keeps one and gives it to its tables.
+class AttributeShapes {
+public:
+    // False when HDF5 refuses the scalar dataspace.
+    bool make();
+    void reset();
+
+    hid_t scalar() const { return Scalar.get(); }
+    // A zero-terminated fixed-length text type of bytes bytes (the terminator included). Types
+    // of up to kKeptTextBytes are kept; a longer one is made into longer and given back from there.
+    // Negative when HDF5 refuses.
+    hid_t text(std::size_t bytes, H5Type& longer);
+
+private:
+    static constexpr std::size_t kKeptTextBytes = 256;
+
+    H5Space Scalar;
+    std::map<std::size_t, H5Type> Texts;
+};
+
 // Writes a scalar attribute (32-bit integer, binary64 or a zero-terminated fixed-length text),
-// replacing one of the same name: 0, or -1. scalar is a scalar dataspace, made once by the caller.
-int writeScalarAttribute(hid_t object, const std::string& name, int value, hid_t scalar);
-int writeScalarAttribute(hid_t object, const std::string& name, double value, hid_t scalar);
-int writeScalarAttribute(hid_t object, const std::string& name, const char* value, hid_t scalar);
+// replacing one of the same name: 0, or -1.
+int writeScalarAttribute(hid_t object, const std::string& name, int value, AttributeShapes& shapes);
+int writeScalarAttribute(hid_t object, const std::string& name, double value,
+                         AttributeShapes& shapes);
+int writeScalarAttribute(hid_t object, const std::string& name, const char* value,
+                         AttributeShapes& shapes);
 
 // Reads an attribute that holds exactly one value of the matching class: 0, or -1 with the output
 // untouched.

@@ -58,7 +58,8 @@ bool readShape(hid_t dataset, ArrayLayout& layout) {
 const CRSVTool::Compound* CRSVTool::compound(int handle) const {
     const long index = static_cast<long>(handle) - kFirstCompoundHandle;
     if (index < 0 || index >= static_cast<long>(Compounds.size())) return nullptr;
-    return &Compounds[static_cast<size_t>(index)];
+    const Compound& found = Compounds[static_cast<size_t>(index)];
+    return found.SameAs ? &Compounds[*found.SameAs] : &found;
 }
 
 CRSVArray* CRSVTool::CreateArray(CRSVGroup* group, const std::string& name, int type, size_t rows,
@@ -67,13 +68,11 @@ CRSVArray* CRSVTool::CreateArray(CRSVGroup* group, const std::string& name, int 
     if (!group || name.empty()) return nullptr;
     ArrayLayout layout{H5Type(), codeType(type), type, 2, {rows, columns}, 0};
     if (layout.MemoryType < 0) {
-        // A compound handle: the array keeps its own copy, as the handle ends with the tool.
+        // A compound handle: its type lives until Close, which releases the arrays first.
         const Compound* built = compound(type);
         if (!built || !built->Complete) return nullptr;
-        layout.OwnedType = H5Type(H5Tcopy(built->Type.get()));
-        layout.MemoryType = layout.OwnedType.get();
+        layout.MemoryType = built->Type.get();
         layout.ElementType = -1;
-        if (!layout.OwnedType) return nullptr;
     }
     H5Space space(H5Screate_simple(2, layout.Dimensions, nullptr));
     if (!space) return nullptr;
@@ -107,7 +106,7 @@ int CRSVTool::BeginCreateCompoundDataType(size_t size) {
     if (size == 0) return -1;
     H5Type type(H5Tcreate(H5T_COMPOUND, size));
     if (!type) return -1;
-    Compounds.push_back(Compound{std::move(type), false});
+    Compounds.push_back(Compound{std::move(type), false, std::nullopt});
     return kFirstCompoundHandle + static_cast<int>(Compounds.size() - 1);
 }
 
@@ -133,9 +132,20 @@ int CRSVTool::AddCompoundDataTypeFixedLengthStringMember(int handle, const std::
 }
 
 int CRSVTool::EndCreateCompoundDataType(int handle) {
+    ErrorSilence silence;
     const Compound* built = compound(handle);
     if (!built || built->Complete) return -1;
-    Compounds[static_cast<size_t>(handle - kFirstCompoundHandle)].Complete = true;
+    const size_t index = static_cast<size_t>(handle - kFirstCompoundHandle);
+    Compound& completed = Compounds[index];
+    completed.Complete = true;
+    for (size_t earlier : DistinctCompounds) {
+        if (H5Tequal(Compounds[earlier].Type.get(), completed.Type.get()) > 0) {
+            completed.Type.reset();
+            completed.SameAs = earlier;
+            return 0;
+        }
+    }
+    DistinctCompounds.push_back(index);
     return 0;
 }
 

@@ -117,13 +117,11 @@ int CRSVTool::Open(const std::string& path) {
 }
 
 bool CRSVTool::adopt(H5File file) {
-    H5Space scalar(H5Screate(H5S_SCALAR));
     H5PropertyList makeParents = makeParentsList();
-    if (!scalar || !makeParents) return false;  // the file closes with its handle
+    if (!makeParents || !Shapes.make()) return false;  // the file closes with its handle
     CacheSize.apply(file.get());
     File = std::move(file);
     Writable = true;
-    Scalar = std::move(scalar);
     MakeParents = std::move(makeParents);
     if (const std::optional<GroupKey> root = groupKey(File.get())) {
         FileNumber = root->File;
@@ -139,7 +137,8 @@ void CRSVTool::Close() {
     Groups.clear();
     WellKnown.clear();
     Compounds.clear();
-    Scalar.reset();
+    DistinctCompounds.clear();
+    Shapes.reset();
     MakeParents.reset();
     if (File) CacheSize.release(File.get());
     File.reset();
@@ -235,13 +234,12 @@ CRSVTable* CRSVTool::CreateTable(CRSVGroup* group, const std::string& name) {
     const std::string path = relativePath(name);
     H5Group table = createGroupAt(group->ObjectId(), path, MakeParents.get());
     if (!table) return nullptr;
-    const bool marked =
-        writeScalarAttribute(table.get(), kTableMarker, kTableClass, Scalar.get()) == 0;
+    const bool marked = writeScalarAttribute(table.get(), kTableMarker, kTableClass, Shapes) == 0;
     // Tables are not counted, but intermediate groups of a path are, and so is a group left
     // without its marker.
     if (!marked || path.find('/') != std::string::npos) forgetCounts();
     if (!marked) return nullptr;
-    Tables.push_back(std::make_unique<CRSVTable>(std::move(table), Scalar.get()));
+    Tables.push_back(std::make_unique<CRSVTable>(std::move(table), Shapes));
     return Tables.back().get();
 }
 
@@ -250,7 +248,7 @@ CRSVTable* CRSVTool::OpenTable(CRSVGroup* group, const std::string& name) {
     if (!group) return nullptr;
     H5Group table = openGroupAt(group->ObjectId(), relativePath(name));
     if (!table || !isTable(table.get())) return nullptr;
-    Tables.push_back(std::make_unique<CRSVTable>(std::move(table), Scalar.get()));
+    Tables.push_back(std::make_unique<CRSVTable>(std::move(table), Shapes));
     return Tables.back().get();
 }
 
@@ -267,7 +265,7 @@ int CRSVTool::CloseArray(CRSVArray* array) {
 int CRSVTool::WriteAttribute(CRSVObject* object, const std::string& name, int value) {
     ErrorSilence silence;
     if (!object) return -1;
-    const int result = writeScalarAttribute(object->ObjectId(), name, value, Scalar.get());
+    const int result = writeScalarAttribute(object->ObjectId(), name, value, Shapes);
     if (name == kTableMarker) forgetCounts();  // a table's marker replaced: a group again
     return result;
 }
@@ -275,7 +273,7 @@ int CRSVTool::WriteAttribute(CRSVObject* object, const std::string& name, int va
 int CRSVTool::WriteAttribute(CRSVObject* object, const std::string& name, const char* value) {
     ErrorSilence silence;
     if (!object) return -1;
-    const int result = writeScalarAttribute(object->ObjectId(), name, value, Scalar.get());
+    const int result = writeScalarAttribute(object->ObjectId(), name, value, Shapes);
     if (name == kTableMarker)
         forgetCounts();  // a group may have become a table, or stopped being one
     return result;
@@ -285,10 +283,10 @@ int CRSVTool::WriteAttribute(CRSVObject* object, const std::string& name, const 
 namespace {
 
 template <typename Value>
-int setItem(hid_t table, const std::string& key, Value value, hid_t scalar) {
+int setItem(hid_t table, const std::string& key, Value value, AttributeShapes& shapes) {
     ErrorSilence silence;
     if (key == kTableMarker) return -1;
-    return writeScalarAttribute(table, key, value, scalar);
+    return writeScalarAttribute(table, key, value, shapes);
 }
 
 template <typename Value>
@@ -301,16 +299,16 @@ int getItem(hid_t table, const std::string& key, Value* value) {
 }  // namespace
 
 int CRSVTable::SetItem(const std::string& key, int value) {
-    return setItem(Group.get(), key, value, Scalar);
+    return setItem(Group.get(), key, value, Shapes);
 }
 int CRSVTable::SetItem(const std::string& key, double value) {
-    return setItem(Group.get(), key, value, Scalar);
+    return setItem(Group.get(), key, value, Shapes);
 }
 int CRSVTable::SetItem(const std::string& key, const char* value) {
-    return setItem(Group.get(), key, value, Scalar);
+    return setItem(Group.get(), key, value, Shapes);
 }
 int CRSVTable::SetItem(const std::string& key, const std::string& value) {
-    return setItem(Group.get(), key, value.c_str(), Scalar);
+    return setItem(Group.get(), key, value.c_str(), Shapes);
 }
 int CRSVTable::GetItem(const std::string& key, int* value) {
     return getItem(Group.get(), key, value);

@@ -20,6 +20,7 @@
 #include <vector>
 
 #include "rsv/error_silence.h"
+#include "rsv/h5_attributes.h"
 #include "rsv/h5_handle.h"
 #include "rsv/member_counts.h"
 #include "rsv/metadata_cache.h"
@@ -63,8 +64,8 @@ private:
 
 class CRSVTable {
 public:
-    // scalar: the tool's scalar dataspace, which outlives its tables.
-    CRSVTable(H5Group group, hid_t scalar) : Group(std::move(group)), Scalar(scalar) {}
+    // shapes: the tool's attribute dataspace and text types, which outlive its tables.
+    CRSVTable(H5Group group, AttributeShapes& shapes) : Group(std::move(group)), Shapes(shapes) {}
 
     // Store an item, replacing one of the same key: 0, or -1 for a null text or a key that HDF5
     // refuses (the marker key RSV_CLASS included).
@@ -82,7 +83,7 @@ public:
 
 private:
     H5Group Group;
-    hid_t Scalar;
+    AttributeShapes& Shapes;
 };
 
 // What an array holds as the tool found or made it: the element type to transfer in and its shape.
@@ -179,9 +180,13 @@ public:
     int WriteAttribute(CRSVObject* object, const std::string& name, const char* value);
 
 private:
+    // A compound type under construction or complete. A completed type equal to one completed
+    // before is not kept twice: its handle then stands for the earlier one (the manipulator builds
+    // the same description row for every material it adds).
     struct Compound {
         H5Type Type;
         bool Complete;
+        std::optional<size_t> SameAs;  // index of the equal earlier type
     };
 
     CRSVGroup* keep(H5Group group, std::optional<GroupKey> key = std::nullopt);
@@ -199,7 +204,7 @@ private:
     H5File File;
     std::optional<unsigned long> FileNumber;  // HDF5's number of the open file
     // Made once per open file rather than once per item or group.
-    H5Space Scalar;               // the dataspace of every attribute
+    AttributeShapes Shapes;       // the dataspace and text types of attributes
     H5PropertyList MakeParents;   // link creation that makes missing intermediate groups
     MetadataCacheSize CacheSize;  // metadata_cache.h
     bool Writable = false;
@@ -217,6 +222,7 @@ private:
     std::vector<std::unique_ptr<CRSVTable>> Tables;
     std::vector<std::unique_ptr<CRSVArray>> Arrays;
     std::vector<Compound> Compounds;
+    std::vector<size_t> DistinctCompounds;  // the completed ones that hold their own type
 };
 
 }  // namespace QRV3DRSVExTool
