@@ -48,8 +48,10 @@ std::optional<std::size_t> walkMembers(hid_t group, MemberKind kind) {
 }
 
 MemberCounts& MemberCounts::shared() {
-    static MemberCounts counts;
-    return counts;
+    // Never destroyed: a tool that a host keeps in a static object closes its file after the
+    // library's own statics are gone.
+    static MemberCounts* const counts = new MemberCounts;
+    return *counts;
 }
 
 void MemberCounts::opened(unsigned long file) {
