@@ -262,9 +262,20 @@ int CRSVTool::CloseArray(CRSVArray* array) {
     return release(Arrays, array);
 }
 
+namespace {
+
+// An object's attribute is often written again (the run's "Material Type" with every material
+// added): the old one is removed before the new one is made, rather than found by a failed create.
+void removeOld(hid_t object, const std::string& name) {
+    if (H5Aexists(object, name.c_str()) > 0) H5Adelete(object, name.c_str());
+}
+
+}  // namespace
+
 int CRSVTool::WriteAttribute(CRSVObject* object, const std::string& name, int value) {
     ErrorSilence silence;
     if (!object) return -1;
+    removeOld(object->ObjectId(), name);
     const int result = writeScalarAttribute(object->ObjectId(), name, value, Shapes);
     if (name == kTableMarker) forgetCounts();  // a table's marker replaced: a group again
     return result;
@@ -272,7 +283,8 @@ int CRSVTool::WriteAttribute(CRSVObject* object, const std::string& name, int va
 
 int CRSVTool::WriteAttribute(CRSVObject* object, const std::string& name, const char* value) {
     ErrorSilence silence;
-    if (!object) return -1;
+    if (!object || !value) return -1;
+    removeOld(object->ObjectId(), name);
     const int result = writeScalarAttribute(object->ObjectId(), name, value, Shapes);
     if (name == kTableMarker)
         forgetCounts();  // a group may have become a table, or stopped being one
