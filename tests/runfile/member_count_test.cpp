@@ -70,6 +70,13 @@ private:
 
 class MemberCountTest : public ::testing::Test {
 protected:
+    // count copies of the material added to run 1 through one manipulator, which then closes.
+    void addMaterials(QrvMaterial* material, int count) {
+        MATIO_RSVManipulator writer(file.c_str());
+        for (int i = 0; i < count; ++i)
+            ASSERT_TRUE(writer.AddMaterial(material, "Part", kRun1Plastic));
+    }
+
     TempFolder folder;
     std::string file = folder.path("run.rsv");
 };
@@ -155,11 +162,7 @@ TEST_F(MemberCountTest, ACloseDropsTheCountsSoChangesBetweenOpensAreSeen) {
 TEST_F(MemberCountTest, NumberingContinuesAfterAReopen) {
     MaterialPtr material = loadSample(kThermoplastic);
     ASSERT_NE(material, nullptr);
-    {
-        MATIO_RSVManipulator writer(file.c_str());
-        for (int i = 0; i < 3; ++i)
-            ASSERT_TRUE(writer.AddMaterial(material.get(), "Part", kRun1Plastic));
-    }
+    addMaterials(material.get(), 3);
     {
         MATIO_RSVManipulator writer(file.c_str());
         EXPECT_EQ(writer.GetMaterialCount(), 3);
@@ -179,12 +182,7 @@ TEST_F(MemberCountTest, NumberingContinuesAfterAReopen) {
 TEST_F(MemberCountTest, MembersAddedByAnotherProgramBetweenOpensAreCounted) {
     MaterialPtr material = loadSample(kThermoplastic);
     ASSERT_NE(material, nullptr);
-    {
-        MATIO_RSVManipulator writer(file.c_str());
-        for (int i = 0; i < 2; ++i)
-            ASSERT_TRUE(writer.AddMaterial(material.get(), "Part", kRun1Plastic));
-        EXPECT_EQ(writer.GetMaterialCount(), 2);
-    }
+    addMaterials(material.get(), 2);
     {
         // One more group and, not counted, a table and an array; one more array among the
         // descriptions.
