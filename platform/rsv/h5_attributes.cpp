@@ -1,38 +1,31 @@
 #include "rsv/h5_attributes.h"
 
-#include "rsv/h5_handle.h"
-
 #include <cstring>
 #include <vector>
 
 namespace QRV3DRSVExTool {
 
-ErrorSilence::ErrorSilence() {
-    H5Eget_auto2(H5E_DEFAULT, &Handler, &Data);
-    H5Eset_auto2(H5E_DEFAULT, nullptr, nullptr);
-}
-
-ErrorSilence::~ErrorSilence() {
-    H5Eset_auto2(H5E_DEFAULT, Handler, Data);
-}
-
 namespace {
 
 int writeAttribute(hid_t object, const std::string& name, hid_t fileType, hid_t memoryType,
-                   const void* value) {
-    if (H5Aexists(object, name.c_str()) > 0 && H5Adelete(object, name.c_str()) < 0) return -1;
-    H5Space space(H5Screate(H5S_SCALAR));
-    if (!space) return -1;
+                   const void* value, hid_t scalar) {
+    // Most items are new: the create is tried first, and only when it fails is an item of the
+    // same name looked for and replaced.
     H5Attribute attribute(
-        H5Acreate2(object, name.c_str(), fileType, space.get(), H5P_DEFAULT, H5P_DEFAULT));
-    if (!attribute) return -1;
+        H5Acreate2(object, name.c_str(), fileType, scalar, H5P_DEFAULT, H5P_DEFAULT));
+    if (!attribute) {
+        if (H5Aexists(object, name.c_str()) <= 0 || H5Adelete(object, name.c_str()) < 0) return -1;
+        attribute = H5Attribute(
+            H5Acreate2(object, name.c_str(), fileType, scalar, H5P_DEFAULT, H5P_DEFAULT));
+        if (!attribute) return -1;
+    }
     return H5Awrite(attribute.get(), memoryType, value) < 0 ? -1 : 0;
 }
 
 // The attribute when it holds exactly one value of the given class; an invalid handle otherwise.
+// A missing name fails in the open itself.
 H5Attribute openSingle(hid_t object, const std::string& name, H5T_class_t wanted,
                        H5Type* storedType) {
-    if (H5Aexists(object, name.c_str()) <= 0) return H5Attribute();
     H5Attribute attribute(H5Aopen(object, name.c_str(), H5P_DEFAULT));
     if (!attribute) return H5Attribute();
     H5Space space(H5Aget_space(attribute.get()));
@@ -48,32 +41,66 @@ template <typename Number>
 int readNumber(hid_t object, const std::string& name, Number* value, H5T_class_t wanted,
                hid_t memoryType) {
     if (!value) return -1;
-    H5Type stored;
-    H5Attribute attribute = openSingle(object, name, wanted, &stored);
+    H5Attribute attribute(H5Aopen(object, name.c_str(), H5P_DEFAULT));
+    if (!attribute) return -1;
+    // One value of the class: its stored bytes are exactly one element of its type (a number
+    // type has a fixed size; an empty or longer attribute, or a text, is refused).
+    H5Type stored(H5Aget_type(attribute.get()));
+    H5A_info_t info{};
+    if (!stored || H5Tget_class(stored.get()) != wanted ||
+        H5Aget_info(attribute.get(), &info) < 0 || info.data_size == 0 ||
+        info.data_size != H5Tget_size(stored.get()))
+        return -1;
     Number read{};
-    if (!attribute || H5Aread(attribute.get(), memoryType, &read) < 0) return -1;
+    if (H5Aread(attribute.get(), memoryType, &read) < 0) return -1;
     *value = read;
     return 0;
 }
 
 }  // namespace
 
-int writeScalarAttribute(hid_t object, const std::string& name, int value) {
-    return writeAttribute(object, name, H5T_STD_I32LE, H5T_NATIVE_INT, &value);
+bool AttributeShapes::make() {
+    Scalar = H5Space(H5Screate(H5S_SCALAR));
+    return Scalar.valid();
 }
 
-int writeScalarAttribute(hid_t object, const std::string& name, double value) {
-    return writeAttribute(object, name, H5T_IEEE_F64LE, H5T_NATIVE_DOUBLE, &value);
+void AttributeShapes::reset() {
+    Texts.clear();
+    Scalar.reset();
 }
 
-int writeScalarAttribute(hid_t object, const std::string& name, const char* value) {
+hid_t AttributeShapes::text(std::size_t bytes, H5Type& longer) {
+    auto kept = Texts.find(bytes);
+    if (kept != Texts.end()) return kept->second.get();
+    H5Type type(H5Tcopy(H5T_C_S1));
+    if (!type || H5Tset_size(type.get(), bytes) < 0 ||
+        H5Tset_strpad(type.get(), H5T_STR_NULLTERM) < 0)
+        return H5I_INVALID_HID;
+    if (bytes > kKeptTextBytes) {
+        longer = std::move(type);
+        return longer.get();
+    }
+    return Texts.emplace(bytes, std::move(type)).first->second.get();
+}
+
+int writeScalarAttribute(hid_t object, const std::string& name, int value,
+                         AttributeShapes& shapes) {
+    return writeAttribute(object, name, H5T_STD_I32LE, H5T_NATIVE_INT, &value, shapes.scalar());
+}
+
+int writeScalarAttribute(hid_t object, const std::string& name, double value,
+                         AttributeShapes& shapes) {
+    return writeAttribute(object, name, H5T_IEEE_F64LE, H5T_NATIVE_DOUBLE, &value, shapes.scalar());
+}
+
+int writeScalarAttribute(hid_t object, const std::string& name, const char* value,
+                         AttributeShapes& shapes) {
     if (!value) return -1;
     // A fixed-length text with its terminator, so that an empty text has a size of 1 too.
-    H5Type type(H5Tcopy(H5T_C_S1));
-    if (!type || H5Tset_size(type.get(), std::strlen(value) + 1) < 0 ||
-        H5Tset_strpad(type.get(), H5T_STR_NULLTERM) < 0)
-        return -1;
-    return writeAttribute(object, name, type.get(), type.get(), value);
+    H5Type longer;
+    const hid_t type = shapes.text(std::strlen(value) + 1, longer);
+    if (type < 0) return -1;
+    return writeAttribute(object, name, type, type, value, shapes.scalar());
 }
 
 int readScalarAttribute(hid_t object, const std::string& name, int* value) {

@@ -11,9 +11,6 @@ namespace QRV3DRSVExTool {
 
 namespace {
 
-constexpr const char* kTableMarker = "RSV_CLASS";
-constexpr const char* kTableClass = "TABLE";
-
 // A caller's relative path in HDF5's form: backslashes become "/", and leading and trailing
 // slashes go. Empty when nothing is left.
 std::string relativePath(std::string path) {
@@ -31,8 +28,11 @@ std::string runPath(int run, const char* tail = "") {
 }
 
 bool isTable(hid_t group) {
+    // Asked first whether the marker is there at all: most groups opened as groups have none,
+    // and a failed read costs HDF5 an error stack.
     std::string marker;
-    return readScalarAttribute(group, kTableMarker, &marker) == 0 && marker == kTableClass;
+    return H5Aexists(group, kTableMarker) > 0 &&
+           readScalarAttribute(group, kTableMarker, &marker) == 0 && marker == kTableClass;
 }
 
 // Opens a group at path below location; invalid when missing or not a group.
@@ -42,11 +42,16 @@ H5Group openGroupAt(hid_t location, const std::string& path) {
     return H5Group(H5Gopen2(location, path.c_str(), H5P_DEFAULT));
 }
 
-H5Group createGroupAt(hid_t location, const std::string& path) {
-    if (path.empty()) return H5Group();
+H5PropertyList makeParentsList() {
     H5PropertyList links(H5Pcreate(H5P_LINK_CREATE));
-    if (!links || H5Pset_create_intermediate_group(links.get(), 1) < 0) return H5Group();
-    return H5Group(H5Gcreate2(location, path.c_str(), links.get(), H5P_DEFAULT, H5P_DEFAULT));
+    if (!links || H5Pset_create_intermediate_group(links.get(), 1) < 0) return H5PropertyList();
+    return links;
+}
+
+// links: a link creation list that makes missing intermediate groups.
+H5Group createGroupAt(hid_t location, const std::string& path, hid_t links) {
+    if (path.empty()) return H5Group();
+    return H5Group(H5Gcreate2(location, path.c_str(), links, H5P_DEFAULT, H5P_DEFAULT));
 }
 
 template <typename Handle>
@@ -59,49 +64,26 @@ int release(std::vector<std::unique_ptr<Handle>>& open, Handle* handle) {
     return 0;
 }
 
-enum class NodeKind { Group, Array };
-
-struct CountRequest {
-    NodeKind Kind;
-    size_t Count;
-};
-
-herr_t countNode(hid_t group, const char* name, const H5L_info_t* /*info*/, void* data) {
-    auto* request = static_cast<CountRequest*>(data);
-    // The object's header tells its kind without opening it; a dangling link counts as nothing.
-    H5O_info_t object{};
-    if (H5Oget_info_by_name2(group, name, &object, H5O_INFO_BASIC | H5O_INFO_NUM_ATTRS,
-                             H5P_DEFAULT) < 0)
-        return 0;
-    if (request->Kind == NodeKind::Array) {
-        request->Count += object.type == H5O_TYPE_DATASET;
-    } else if (object.type == H5O_TYPE_GROUP) {
-        // Only a group with attributes can be a table; most groups have none.
-        const bool table =
-            object.num_attrs > 0 && H5Aexists_by_name(group, name, kTableMarker, H5P_DEFAULT) > 0;
-        request->Count += !table;
-    }
-    return 0;
-}
-
-size_t countNodes(hid_t group, NodeKind kind) {
-    ErrorSilence silence;
-    CountRequest request{kind, 0};
-    hsize_t index = 0;
-    if (H5Literate(group, H5_INDEX_NAME, H5_ITER_NATIVE, &index, countNode, &request) < 0) return 0;
-    return request.Count;
-}
-
 }  // namespace
 
 CRSVObject::~CRSVObject() = default;
 
 size_t CRSVGroup::GetGroupCount() {
-    return countNodes(Group.get(), NodeKind::Group);
+    ErrorSilence silence;
+    return MemberCounts::shared().count(Key(), Group.get(), MemberKind::Group);
 }
 
 size_t CRSVGroup::GetArrayCount() {
-    return countNodes(Group.get(), NodeKind::Array);
+    ErrorSilence silence;
+    return MemberCounts::shared().count(Key(), Group.get(), MemberKind::Array);
+}
+
+const std::optional<GroupKey>& CRSVGroup::Key() {
+    if (!KeyKnown) {
+        KeyValue = groupKey(Group.get());
+        KeyKnown = true;
+    }
+    return KeyValue;
 }
 
 CRSVTool::CRSVTool() = default;
@@ -115,10 +97,11 @@ int CRSVTool::Create(const std::string& path, unsigned int, unsigned int, unsign
     Close();
     // Exclusive creation: an existing file is neither truncated nor opened.
     H5File file(H5Fcreate(path.c_str(), H5F_ACC_EXCL, H5P_DEFAULT, H5P_DEFAULT));
-    if (!file) return -1;
-    if (!createGroupAt(file.get(), "Vantrell")) return -1;
-    File = std::move(file);
-    Writable = true;
+    if (!file || !adopt(std::move(file))) return -1;
+    if (!createGroupAt(File.get(), "Vantrell", MakeParents.get())) {
+        Close();
+        return -1;
+    }
     return 0;
 }
 
@@ -129,10 +112,22 @@ int CRSVTool::Open(const std::string& path) {
     // the HDF5 signature is a run file.
     if (H5Fis_hdf5(path.c_str()) <= 0) return -1;
     H5File file(H5Fopen(path.c_str(), H5F_ACC_RDWR, H5P_DEFAULT));
-    if (!file) return -1;
+    if (!file || !adopt(std::move(file))) return -1;
+    return 0;
+}
+
+bool CRSVTool::adopt(H5File file) {
+    H5PropertyList makeParents = makeParentsList();
+    if (!makeParents || !Shapes.make()) return false;  // the file closes with its handle
+    CacheSize.apply(file.get());
     File = std::move(file);
     Writable = true;
-    return 0;
+    MakeParents = std::move(makeParents);
+    if (const std::optional<GroupKey> root = groupKey(File.get())) {
+        FileNumber = root->File;
+        MemberCounts::shared().opened(*FileNumber);
+    }
+    return true;
 }
 
 void CRSVTool::Close() {
@@ -140,29 +135,64 @@ void CRSVTool::Close() {
     Arrays.clear();
     Tables.clear();
     Groups.clear();
+    WellKnown.clear();
     Compounds.clear();
+    DistinctCompounds.clear();
+    Shapes.reset();
+    MakeParents.reset();
+    if (File) CacheSize.release(File.get());
     File.reset();
     Writable = false;
+    if (FileNumber) MemberCounts::shared().closed(*FileNumber);
+    FileNumber.reset();
 }
 
-CRSVGroup* CRSVTool::keep(H5Group group) {
+void CRSVTool::made(CRSVGroup* parent, const std::string& path, MemberKind kind) {
+    if (!FileNumber || !MemberCounts::shared().keepsAny(*FileNumber)) return;
+    // A path of several levels may have made intermediate groups too.
+    if (path.find('/') != std::string::npos) return forgetCounts();
+    if (const std::optional<GroupKey>& key = parent->Key())
+        MemberCounts::shared().added(*key, kind);
+}
+
+void CRSVTool::forgetCounts() {
+    if (FileNumber) MemberCounts::shared().forget(*FileNumber);
+}
+
+CRSVGroup* CRSVTool::keep(H5Group group, std::optional<GroupKey> key) {
     if (!group) return nullptr;
-    Groups.push_back(std::make_unique<CRSVGroup>(std::move(group)));
+    Groups.push_back(std::make_unique<CRSVGroup>(std::move(group), std::move(key)));
     return Groups.back().get();
+}
+
+CRSVGroup* CRSVTool::openWellKnown(const std::string& path) {
+    auto pinned = WellKnown.find(path);
+    if (pinned == WellKnown.end()) {
+        H5Group group = openGroupAt(File.get(), path);
+        if (!group) return nullptr;
+        std::optional<GroupKey> key = groupKey(group.get());
+        pinned = WellKnown.emplace(path, Pinned{std::move(group), key}).first;
+    }
+    // One more HDF5 reference to the pinned group, which the handle's own close gives back.
+    const hid_t id = pinned->second.Group.get();
+    if (H5Iinc_ref(id) < 0) return keep(openGroupAt(File.get(), path));
+    return keep(H5Group(id), pinned->second.Key);
 }
 
 CRSVGroup* CRSVTool::OpenGroup(int run) {
     ErrorSilence silence;
     if (!File) return nullptr;
     const std::string path = runPath(run);
-    H5Group group = openGroupAt(File.get(), path);
-    if (!group && Writable && run >= 1) {
-        group = createGroupAt(File.get(), path);
-        if (!group || !createGroupAt(group.get(), "Entity") ||
-            !createGroupAt(group.get(), "Description"))
+    if (CRSVGroup* known = openWellKnown(path)) return known;
+    H5Group group;
+    if (Writable && run >= 1) {
+        group = createGroupAt(File.get(), path, MakeParents.get());
+        forgetCounts();  // a new run below /Vantrell/ and its two groups
+        if (!group || !createGroupAt(group.get(), "Entity", MakeParents.get()) ||
+            !createGroupAt(group.get(), "Description", MakeParents.get()))
             return nullptr;
     }
-    return keep(std::move(group));
+    return group ? openWellKnown(path) : nullptr;
 }
 
 CRSVGroup* CRSVTool::OpenGroup(int run, int category) {
@@ -173,7 +203,7 @@ CRSVGroup* CRSVTool::OpenGroup(int run, int category) {
                        : category == kCategoryDescription ? "/Description"
                                                           : nullptr;
     if (!tail) return nullptr;
-    return keep(openGroupAt(File.get(), runPath(run, tail)));
+    return openWellKnown(runPath(run, tail));
 }
 
 CRSVGroup* CRSVTool::OpenGroup(CRSVGroup* parent, std::string path) {
@@ -187,7 +217,10 @@ CRSVGroup* CRSVTool::OpenGroup(CRSVGroup* parent, std::string path) {
 CRSVGroup* CRSVTool::CreateGroup(CRSVGroup* parent, std::string name) {
     ErrorSilence silence;
     if (!parent) return nullptr;
-    return keep(createGroupAt(parent->ObjectId(), relativePath(std::move(name))));
+    const std::string path = relativePath(std::move(name));
+    H5Group group = createGroupAt(parent->ObjectId(), path, MakeParents.get());
+    if (group) made(parent, path, MemberKind::Group);
+    return keep(std::move(group));
 }
 
 int CRSVTool::CloseGroup(CRSVGroup* group) {
@@ -198,9 +231,15 @@ int CRSVTool::CloseGroup(CRSVGroup* group) {
 CRSVTable* CRSVTool::CreateTable(CRSVGroup* group, const std::string& name) {
     ErrorSilence silence;
     if (!group) return nullptr;
-    H5Group table = createGroupAt(group->ObjectId(), relativePath(name));
-    if (!table || writeScalarAttribute(table.get(), kTableMarker, kTableClass) != 0) return nullptr;
-    Tables.push_back(std::make_unique<CRSVTable>(std::move(table)));
+    const std::string path = relativePath(name);
+    H5Group table = createGroupAt(group->ObjectId(), path, MakeParents.get());
+    if (!table) return nullptr;
+    const bool marked = writeScalarAttribute(table.get(), kTableMarker, kTableClass, Shapes) == 0;
+    // Tables are not counted, but intermediate groups of a path are, and so is a group left
+    // without its marker.
+    if (!marked || path.find('/') != std::string::npos) forgetCounts();
+    if (!marked) return nullptr;
+    Tables.push_back(std::make_unique<CRSVTable>(std::move(table), Shapes));
     return Tables.back().get();
 }
 
@@ -209,7 +248,7 @@ CRSVTable* CRSVTool::OpenTable(CRSVGroup* group, const std::string& name) {
     if (!group) return nullptr;
     H5Group table = openGroupAt(group->ObjectId(), relativePath(name));
     if (!table || !isTable(table.get())) return nullptr;
-    Tables.push_back(std::make_unique<CRSVTable>(std::move(table)));
+    Tables.push_back(std::make_unique<CRSVTable>(std::move(table), Shapes));
     return Tables.back().get();
 }
 
@@ -223,24 +262,43 @@ int CRSVTool::CloseArray(CRSVArray* array) {
     return release(Arrays, array);
 }
 
+namespace {
+
+// An object's attribute is often written again (the run's "Material Type" with every material
+// added): the old one is removed before the new one is made, rather than found by a failed create.
+void removeOld(hid_t object, const std::string& name) {
+    if (H5Aexists(object, name.c_str()) > 0) H5Adelete(object, name.c_str());
+}
+
+}  // namespace
+
 int CRSVTool::WriteAttribute(CRSVObject* object, const std::string& name, int value) {
     ErrorSilence silence;
-    return object ? writeScalarAttribute(object->ObjectId(), name, value) : -1;
+    if (!object) return -1;
+    removeOld(object->ObjectId(), name);
+    const int result = writeScalarAttribute(object->ObjectId(), name, value, Shapes);
+    if (name == kTableMarker) forgetCounts();  // a table's marker replaced: a group again
+    return result;
 }
 
 int CRSVTool::WriteAttribute(CRSVObject* object, const std::string& name, const char* value) {
     ErrorSilence silence;
-    return object ? writeScalarAttribute(object->ObjectId(), name, value) : -1;
+    if (!object || !value) return -1;
+    removeOld(object->ObjectId(), name);
+    const int result = writeScalarAttribute(object->ObjectId(), name, value, Shapes);
+    if (name == kTableMarker)
+        forgetCounts();  // a group may have become a table, or stopped being one
+    return result;
 }
 
 // Table items are the table group's attributes; the marker is not an item.
 namespace {
 
 template <typename Value>
-int setItem(hid_t table, const std::string& key, Value value) {
+int setItem(hid_t table, const std::string& key, Value value, AttributeShapes& shapes) {
     ErrorSilence silence;
     if (key == kTableMarker) return -1;
-    return writeScalarAttribute(table, key, value);
+    return writeScalarAttribute(table, key, value, shapes);
 }
 
 template <typename Value>
@@ -253,16 +311,16 @@ int getItem(hid_t table, const std::string& key, Value* value) {
 }  // namespace
 
 int CRSVTable::SetItem(const std::string& key, int value) {
-    return setItem(Group.get(), key, value);
+    return setItem(Group.get(), key, value, Shapes);
 }
 int CRSVTable::SetItem(const std::string& key, double value) {
-    return setItem(Group.get(), key, value);
+    return setItem(Group.get(), key, value, Shapes);
 }
 int CRSVTable::SetItem(const std::string& key, const char* value) {
-    return setItem(Group.get(), key, value);
+    return setItem(Group.get(), key, value, Shapes);
 }
 int CRSVTable::SetItem(const std::string& key, const std::string& value) {
-    return setItem(Group.get(), key, value.c_str());
+    return setItem(Group.get(), key, value.c_str(), Shapes);
 }
 int CRSVTable::GetItem(const std::string& key, int* value) {
     return getItem(Group.get(), key, value);

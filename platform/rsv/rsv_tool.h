@@ -8,16 +8,22 @@
 // given back, is refused (-1) and never dereferenced. Every operation answers a failure value and
 // nothing else: a null handle for the opens and creates, a non-zero (negative) int otherwise, and
 // no HDF5 error text reaches stderr (the library's printing is switched off around each call and
-// put back afterwards, so a host that uses HDF5 itself keeps its own setting).
+// put back afterwards, so a host that uses HDF5 itself keeps its own setting; error_silence.h).
 #ifndef QRV_PLATFORM_RSV_RSV_TOOL_H
 #define QRV_PLATFORM_RSV_RSV_TOOL_H
 
 #include <cstddef>
+#include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "rsv/error_silence.h"
+#include "rsv/h5_attributes.h"
 #include "rsv/h5_handle.h"
+#include "rsv/member_counts.h"
+#include "rsv/metadata_cache.h"
 
 namespace QRV3DRSVExTool {
 
@@ -37,20 +43,29 @@ public:
 
 class CRSVGroup : public CRSVObject {
 public:
-    explicit CRSVGroup(H5Group group) : Group(std::move(group)) {}
+    // key: which group this is, when the tool knows it already.
+    CRSVGroup(H5Group group, std::optional<GroupKey> key)
+        : Group(std::move(group)), KeyKnown(key.has_value()), KeyValue(std::move(key)) {}
     hid_t ObjectId() const override { return Group.get(); }
 
     // Direct sub-groups (tables not counted) and direct arrays; 0 when the group cannot be read.
+    // The group is walked once while its file is open; see member_counts.h.
     size_t GetGroupCount();
     size_t GetArrayCount();
 
+    // Which group this is, whatever path reached it; asked of HDF5 once per handle.
+    const std::optional<GroupKey>& Key();
+
 private:
     H5Group Group;
+    bool KeyKnown = false;
+    std::optional<GroupKey> KeyValue;
 };
 
 class CRSVTable {
 public:
-    explicit CRSVTable(H5Group group) : Group(std::move(group)) {}
+    // shapes: the tool's attribute dataspace and text types, which outlive its tables.
+    CRSVTable(H5Group group, AttributeShapes& shapes) : Group(std::move(group)), Shapes(shapes) {}
 
     // Store an item, replacing one of the same key: 0, or -1 for a null text or a key that HDF5
     // refuses (the marker key RSV_CLASS included).
@@ -68,12 +83,24 @@ public:
 
 private:
     H5Group Group;
+    AttributeShapes& Shapes;
+};
+
+// What an array holds as the tool found or made it: the element type to transfer in and its shape.
+// Asked of HDF5 once, when the array is opened or created.
+struct ArrayLayout {
+    H5Type OwnedType;  // a type made for this array (compound, unusual numbers); may be invalid
+    hid_t MemoryType;  // OwnedType, or one of HDF5's predefined native types
+    int ElementType;   // kTypeInt32, kTypeDouble or -1
+    int Rank;
+    hsize_t Dimensions[2];  // valid when Rank is 2
+    hssize_t Elements;      // every element of the array, of any rank; -1 if unknown
 };
 
 class CRSVArray : public CRSVObject {
 public:
-    CRSVArray(H5Dataset dataset, H5Type memoryType)
-        : Dataset(std::move(dataset)), MemoryType(std::move(memoryType)) {}
+    CRSVArray(H5Dataset dataset, ArrayLayout layout)
+        : Dataset(std::move(dataset)), Layout(std::move(layout)) {}
     hid_t ObjectId() const override { return Dataset.get(); }
 
     // Whole array from or into a buffer laid out row after row in the array's element type: 0,
@@ -91,7 +118,7 @@ public:
 
 private:
     H5Dataset Dataset;
-    H5Type MemoryType;
+    ArrayLayout Layout;
 };
 
 class CRSVTool {
@@ -153,20 +180,49 @@ public:
     int WriteAttribute(CRSVObject* object, const std::string& name, const char* value);
 
 private:
+    // A compound type under construction or complete. A completed type equal to one completed
+    // before is not kept twice: its handle then stands for the earlier one (the manipulator builds
+    // the same description row for every material it adds).
     struct Compound {
         H5Type Type;
         bool Complete;
+        std::optional<size_t> SameAs;  // index of the equal earlier type
     };
 
-    CRSVGroup* keep(H5Group group);
+    CRSVGroup* keep(H5Group group, std::optional<GroupKey> key = std::nullopt);
+    // The run group or a category group at path: null when missing. The group stays open in the
+    // tool while the file is (see WellKnown); each call gives a handle of its own.
+    CRSVGroup* openWellKnown(const std::string& path);
+    // The newly opened file becomes the tool's; false (and the file closed) when the tool's own
+    // HDF5 objects cannot be made.
+    bool adopt(H5File file);
     const Compound* compound(int handle) const;
+    // Keeps the member counts exact after the store made a member at path below parent.
+    void made(CRSVGroup* parent, const std::string& path, MemberKind kind);
+    void forgetCounts();
 
     H5File File;
+    std::optional<unsigned long> FileNumber;  // HDF5's number of the open file
+    // Made once per open file rather than once per item or group.
+    AttributeShapes Shapes;       // the dataspace and text types of attributes
+    H5PropertyList MakeParents;   // link creation that makes missing intermediate groups
+    MetadataCacheSize CacheSize;  // metadata_cache.h
     bool Writable = false;
     std::vector<std::unique_ptr<CRSVGroup>> Groups;
+    // The run and category groups that every AddMaterial and GetMaterial opens again, by path,
+    // held open from their first open to Close: a handle to one shares HDF5's open group instead
+    // of walking the path anew. The store never removes a group, so a path found once stays
+    // valid; one removed or replaced through the HDF5 C API while the tool holds the file open
+    // would be missed, as the member counts would (member_counts.h).
+    struct Pinned {
+        H5Group Group;
+        std::optional<GroupKey> Key;
+    };
+    std::map<std::string, Pinned> WellKnown;
     std::vector<std::unique_ptr<CRSVTable>> Tables;
     std::vector<std::unique_ptr<CRSVArray>> Arrays;
     std::vector<Compound> Compounds;
+    std::vector<size_t> DistinctCompounds;  // the completed ones that hold their own type
 };
 
 }  // namespace QRV3DRSVExTool

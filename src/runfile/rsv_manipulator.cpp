@@ -10,10 +10,15 @@
 #include "runfile/store_access.h"
 
 using namespace qrv::runfile;
+using QRV3DRSVExTool::ErrorSilence;
 using QRV3DRSVExTool::kCategoryMaterial;
+
+// Each public call holds one ErrorSilence over all its store operations, which then find HDF5's
+// error printing off already and leave it alone (error_silence.h).
 
 MATIO_RSVManipulator::MATIO_RSVManipulator(const char* path)
     : Tool(nullptr), Group(nullptr), Material(nullptr) {
+    ErrorSilence quiet;
     auto tool = std::make_unique<CRSVTool>();
     // Create first: it refuses an existing file without touching it, and Open then takes over.
     if (path && (tool->Create(path, 4, 13, 0) == 0 || tool->Open(path) == 0)) Tool = tool.release();
@@ -22,6 +27,7 @@ MATIO_RSVManipulator::MATIO_RSVManipulator(const char* path)
 MATIO_RSVManipulator::~MATIO_RSVManipulator() {
     QrvReleaseMaterial(Material);
     if (Tool) {
+        ErrorSilence quiet;
         Tool->Close();
         delete Tool;
     }
@@ -36,6 +42,7 @@ MATIO_RSVManipulator& MATIO_RSVManipulator::operator=(const MATIO_RSVManipulator
 
 bool MATIO_RSVManipulator::AddMaterial(QrvMaterial* material, const char* label, int runItemId) {
     if (!Tool || !material) return false;
+    ErrorSilence quiet;
     const int run = QRV3DRSVExTool::splitRunItemId(runItemId).Run;
     HeldGroup materials(*Tool, Tool->OpenGroup(run, kCategoryMaterial));
     // A run without materials gets its group; the run group answers null below run 1, so a
@@ -67,6 +74,7 @@ bool MATIO_RSVManipulator::AddMaterial(QrvMaterial* material, const char* label,
 
 int MATIO_RSVManipulator::GetMaterialCount() {
     if (!Tool) return 0;
+    ErrorSilence quiet;
     // Always run 1, whatever run the materials were written to.
     HeldGroup materials(*Tool, Tool->OpenGroup(1, kCategoryMaterial));
     if (!materials) return 0;
@@ -76,6 +84,7 @@ int MATIO_RSVManipulator::GetMaterialCount() {
 
 QrvMaterial* MATIO_RSVManipulator::GetMaterial(int index) {
     if (!Tool) return nullptr;
+    ErrorSilence quiet;
     HeldGroup materials(*Tool, Tool->OpenGroup(1, kCategoryMaterial));
     if (!materials) return nullptr;
     // Computed wide, so that the largest index names a group that is merely missing.

@@ -6,10 +6,12 @@
 
 #include <cstring>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "rsv/rsv_tool.h"
 #include "rsv/run_vocabulary.h"
+#include "runfile/run_file_support.h"
 #include "support/temp_files.h"
 
 namespace {
@@ -237,6 +239,54 @@ TEST_F(StoreTest, CompoundTypeHandlesStayApartFromTypeCodes) {
     char back[24] = {};
     EXPECT_EQ(array->ReadArray(back), 0);
     EXPECT_EQ(std::memcmp(rows, back, sizeof rows), 0);
+}
+
+// A row type built again and again, as a manipulator builds its description row for every
+// material, and one that differs in a member: each handle makes arrays of its own layout.
+TEST_F(StoreTest, CompoundTypesBuiltAgainServeTheirOwnHandles) {
+    ASSERT_EQ(tool.Create(file, 4, 13, 0), 0);
+    CRSVGroup* group = tool.CreateGroup(tool.OpenGroup(1), "Rows");
+    auto build = [this](size_t textBytes) {
+        const int type = tool.BeginCreateCompoundDataType(4 + textBytes);
+        tool.AddCompoundDataTypeMember(type, "ID", kTypeInt32, 0);
+        tool.AddCompoundDataTypeFixedLengthStringMember(type, "Value", 4, textBytes);
+        EXPECT_EQ(tool.EndCreateCompoundDataType(type), 0);
+        return type;
+    };
+    const int first = build(8);
+    const int again = build(8);
+    const int wider = build(12);
+    EXPECT_NE(first, again);
+    EXPECT_NE(again, wider);
+    // Completed: no member goes into any of them, nor into its twin.
+    EXPECT_EQ(tool.AddCompoundDataTypeMember(again, "More", kTypeInt32, 0), -1);
+    EXPECT_EQ(tool.EndCreateCompoundDataType(again), -1);
+
+    const char rows[12] = {5, 0, 0, 0, 'f', 'i', 'v', 'e', 0, 0, 0, 0};
+    const char wide[16] = {6, 0, 0, 0, 's', 'i', 'x', 0, 0, 0, 0, 0, 0, 0, 0, 0};
+    ASSERT_EQ(tool.CreateArray(group, "First", first, 1, 1)->WriteArray(rows), 0);
+    ASSERT_EQ(tool.CreateArray(group, "Again", again, 1, 1)->WriteArray(rows), 0);
+    ASSERT_EQ(tool.CreateArray(group, "Wider", wider, 1, 1)->WriteArray(wide), 0);
+    tool.Close();
+
+    // Element sizes and the text of each, as HDF5 itself reads them.
+    qrvtest::RawFile raw(file);
+    for (const auto& [name, size, text] :
+         {std::tuple<const char*, size_t, const char*>{"First", 12, "five"},
+          {"Again", 12, "five"},
+          {"Wider", 16, "six"}}) {
+        const std::string path = std::string("/Vantrell/Run1/Rows/") + name;
+        hid_t set = H5Dopen2(raw.id(), path.c_str(), H5P_DEFAULT);
+        ASSERT_GE(set, 0) << name;
+        hid_t type = H5Dget_type(set);
+        EXPECT_EQ(H5Tget_size(type), size) << name;
+        EXPECT_EQ(H5Tget_nmembers(type), 2) << name;
+        std::vector<char> bytes(size, 'x');
+        EXPECT_GE(H5Dread(set, type, H5S_ALL, H5S_ALL, H5P_DEFAULT, bytes.data()), 0);
+        EXPECT_STREQ(bytes.data() + 4, text) << name;
+        H5Tclose(type);
+        H5Dclose(set);
+    }
 }
 
 TEST_F(StoreTest, AttributesGoOnGroupsAndArrays) {
