@@ -2,6 +2,7 @@
 // each instruction-set file supplies:
 //   M::V               a GNU vector of doubles (__m128d, __m256d, __m512d)
 //   M::exp, M::log     V -> V, each of at most 1.0 ulp error
+//   M::logReduced      V -> V, the log of m in [sqrt(1/2), sqrt(2)), within 3.5 ulp of ln m
 //   M::any             true when a lane of a comparison's mask is set (one movemask or test)
 //   M::kFused          whether M::fms(a, b, c), a b - c with one rounding, exists
 //
@@ -38,7 +39,7 @@ struct VectorModels {
     // that a formula's arrays stay in the first-level cache (5 arrays of 1 KiB on AVX-512).
     static constexpr int kChunk = 16;
     using Chunk = V[kChunk];
-    static constexpr double kTaitC = 0.0894;
+    static constexpr double kTaitC = 0.0894;  // pvt_models.h
 
     static V splat(double s) { return V{} + s; }
     static V load(const double* a, int i) {
@@ -96,7 +97,9 @@ struct VectorModels {
     // in two doubles: a = 2^e m with m in [sqrt(1/2), sqrt(2)), ln a = e ln 2 + ln m, where e ln 2
     // is exact in two parts and ln m is small, so the vector log's last-bit error stays small in
     // absolute terms; the rounding of the product b ln a is kept and applied after exp. The result
-    // is within about (|b| 0.1 + 2) 1e-16 relative of the true power, whatever the size of b ln a.
+    // is within about (2 |b| + 3) 1e-16 relative of the true power, whatever the size of b ln a:
+    // ln m comes from M::logReduced, and as |ln m| < 0.35 its 3.5 ulp are below 2e-16 absolute;
+    // the exp adds its 1 ulp and the roundings of the sums are carried in Llo and ylo.
     // Lanes with a base that is not positive, normal and finite take the scalar pow of the same
     // arguments, which is the exact form's own. The log of the chunk is one stage, the exp another.
     template <typename Base, typename Exponent>
@@ -114,7 +117,7 @@ struct VectorModels {
             // The exponent as a double, through the bits of 2^52 + k (k = biased + 1 where high).
             e[k] = reinterpret_cast<V>((biased - high) | 0x4330000000000000LL) -
                    (4503599627370496.0 + 1023.0);
-            return M::log(m);
+            return M::logReduced(m);
         });
         stage(count, out, [&](int k) {
             const V b = exponent(k);
@@ -150,12 +153,22 @@ struct VectorModels {
     }
 
     // The Cross form eta0/(1 + (eta0 g/Taus)^n1) from the zero-shear viscosities of the chunk.
+    // The scalar kernels divide by Taus; the product with 1/Taus differs from that quotient by
+    // at most 1.5 ulp, |n1| 3.4e-16 relative in the power, and takes a division out of the loop.
     template <typename Shear>
-    static void cross(int count, V* out, const V* eta0, Shear g, V Taus, V n1) {
+    static void cross(int count, V* out, const V* eta0, Shear g, double Taus, V n1) {
+        const V inverseTaus = splat(1.0 / Taus);
         Chunk q;
         powers(
-            count, q, [&](int k) { return eta0[k] * g(k) / Taus; }, [&](int) { return n1; });
+            count, q, [&](int k) { return eta0[k] * g(k) * inverseTaus; }, [&](int) { return n1; });
         stage(count, out, [&](int k) { return eta0[k] / (1.0 + q[k]); });
+    }
+
+    // The Tait compression 1 - C ln(1 + P/B), given 1/B: the scalar kernels divide P by
+    // B = b3 e^(..), here P is multiplied by e^(-..)/b3, which differs from it by a few ulp and
+    // takes a division out of the loop.
+    static V compression(V C, V P, V inverseB) {
+        return 1.0 - C * M::logReduced(1.0 + P * inverseB);
     }
 
     // Runs `formula(i, count, r)` on the full vectors of n points, a chunk at a time: the formula
@@ -185,7 +198,8 @@ struct VectorModels {
                     }
                 }
             }
-            __builtin_memcpy(out + i, r, static_cast<unsigned long>(count) * sizeof(V));
+            for (int k = 0; k < count; ++k)
+                __builtin_memcpy(out + i + k * kWidth, &r[k], sizeof(V));
         }
         return full;
     }
@@ -231,8 +245,7 @@ struct VectorModels {
                     exact);
             }
             case 4: {
-                const V n1 = splat(1.0 - p[0]), Taus = splat(p[1]), B = splat(p[2]),
-                        Tb = splat(p[3]), D = splat(p[4]);
+                const V n1 = splat(1.0 - p[0]), B = splat(p[2]), Tb = splat(p[3]), D = splat(p[4]);
                 return blocks(
                     n, out,
                     [&](int i, int count, V* r) {
@@ -241,13 +254,13 @@ struct VectorModels {
                         stage(count, eta0,
                               [&](int k) { return B * M::exp(Tb / at.T(t, k) + D * at(P, k)); });
                         cross(
-                            count, r, eta0, [&](int k) { return at(g, k); }, Taus, n1);
+                            count, r, eta0, [&](int k) { return at(g, k); }, p[1], n1);
                     },
                     exact);
             }
             case 5: {
-                const V n1 = splat(1.0 - p[0]), Taus = splat(p[1]), D1 = splat(p[2]),
-                        D2 = splat(p[3]), D3 = splat(p[4]), A1 = splat(p[5]), A2b = splat(p[6]);
+                const V n1 = splat(1.0 - p[0]), D1 = splat(p[2]), D2 = splat(p[3]),
+                        D3 = splat(p[4]), A1 = splat(p[5]), A2b = splat(p[6]);
                 return blocks(
                     n, out,
                     [&](int i, int count, V* r) {
@@ -260,7 +273,7 @@ struct VectorModels {
                                                (D3 * Pv + A2b + tv + 273.15 - Tstar));
                         });
                         cross(
-                            count, r, eta0, [&](int k) { return at(g, k); }, Taus, n1);
+                            count, r, eta0, [&](int k) { return at(g, k); }, p[1], n1);
                     },
                     exact);
             }
@@ -317,7 +330,7 @@ struct VectorModels {
             }
             case 12: {
                 const V Cg = splat(p[0]), C1 = splat(p[1]), C2 = splat(p[2]), A = splat(p[3]),
-                        Tb = splat(p[4]), n1 = splat(1.0 - p[5]), Taus = splat(p[6]);
+                        Tb = splat(p[4]), n1 = splat(1.0 - p[5]), inverseTaus = splat(1.0 / p[6]);
                 return blocks(
                     n, out,
                     [&](int i, int count, V* r) {
@@ -326,7 +339,7 @@ struct VectorModels {
                         stage(count, f, [&](int k) { return A * M::exp(Tb / at.T(t, k)); });
                         cure(count, c, at, x, Cg, C1, C2);
                         powers(
-                            count, q, [&](int k) { return f[k] * at(g, k) / Taus; },
+                            count, q, [&](int k) { return f[k] * at(g, k) * inverseTaus; },
                             [&](int) { return n1; });
                         stage(count, r, [&](int k) { return f[k] * c[k] / (1.0 + q[k]); });
                     },
@@ -368,42 +381,46 @@ struct VectorModels {
         };
         switch (model) {
             case 3: {
-                const V b1 = splat(p[0]), b2 = splat(p[1]), b3 = splat(p[2]), b4 = splat(p[3]),
-                        C = splat(p[4]);
+                const V b1 = splat(p[0]), b2 = splat(p[1]), b4 = splat(p[3]), C = splat(p[4]);
+                const V inverseB3 = splat(1.0 / p[2]);
                 return blocks(
                     n, out,
                     [&](int i, int count, V* r) {
                         const Points at{i};
-                        Chunk shrink, B;
+                        Chunk shrink, inverseB;
                         stage(count, shrink, [&](int k) { return b1 * M::exp(-b2 * at.T(t, k)); });
-                        stage(count, B, [&](int k) { return b3 * M::exp(b4 * at.T(t, k)); });
+                        stage(count, inverseB,
+                              [&](int k) { return M::exp(-b4 * at.T(t, k)) * inverseB3; });
                         stage(count, r, [&](int k) {
-                            return shrink[k] * (1.0 - C * M::log(1.0 + at(P, k) / B[k]));
+                            return shrink[k] * compression(C, at(P, k), inverseB[k]);
                         });
                     },
                     exact);
             }
             case 4: {
-                const V b1 = splat(p[0]), b2 = splat(p[1]), b3 = splat(p[2]), b4 = splat(p[3]),
-                        b5 = splat(p[4]), b6 = splat(p[5]), C = splat(p[6]);
+                const V b1 = splat(p[0]), b2 = splat(p[1]), b4 = splat(p[3]), b5 = splat(p[4]),
+                        b6 = splat(p[5]), C = splat(p[6]);
+                const V inverseB3 = splat(1.0 / p[2]);
                 return blocks(
                     n, out,
                     [&](int i, int count, V* r) {
                         const Points at{i};
                         auto d = [&](int k) { return at.T(t, k) - (b5 + b6 * at(P, k)); };
-                        Chunk B;
-                        stage(count, B, [&](int k) { return b3 * M::exp(-b4 * d(k)); });
+                        Chunk inverseB;
+                        stage(count, inverseB,
+                              [&](int k) { return M::exp(b4 * d(k)) * inverseB3; });
                         stage(count, r, [&](int k) {
-                            return (1.0 - C * M::log(1.0 + at(P, k) / B[k])) * (b1 + b2 * d(k));
+                            return compression(C, at(P, k), inverseB[k]) * (b1 + b2 * d(k));
                         });
                     },
                     exact);
             }
             case 5: {
-                const V b1L = splat(p[0]), b2L = splat(p[1]), b3L = splat(p[2]), b4L = splat(p[3]),
-                        b1S = splat(p[4]), b2S = splat(p[5]), b3S = splat(p[6]), b4S = splat(p[7]),
-                        b5 = splat(p[8]), b6 = splat(p[9]), b7 = splat(p[10]), b8 = splat(p[11]),
-                        b9 = splat(p[12]);
+                const V b1L = splat(p[0]), b2L = splat(p[1]), b4L = splat(p[3]), b1S = splat(p[4]),
+                        b2S = splat(p[5]), b4S = splat(p[7]), b5 = splat(p[8]), b6 = splat(p[9]),
+                        b7 = splat(p[10]), b8 = splat(p[11]), b9 = splat(p[12]);
+                const V inverseB3L = splat(1.0 / p[2]), inverseB3S = splat(1.0 / p[6]);
+                const V C = splat(kTaitC);
                 return blocks(
                     n, out,
                     [&](int i, int count, V* r) {
@@ -411,10 +428,11 @@ struct VectorModels {
                         // Each lane takes its own domain's constants; a tie is melt.
                         auto melt = [&](int k) { return at.T(t, k) >= b5 + b6 * at(P, k); };
                         auto d = [&](int k) { return at.T(t, k) - b5; };
-                        Chunk B, Vt;
-                        stage(count, B, [&](int k) {
+                        Chunk inverseB, Vt;
+                        stage(count, inverseB, [&](int k) {
                             const Mask m = melt(k);
-                            return select(m, b3L, b3S) * M::exp(-select(m, b4L, b4S) * d(k));
+                            return M::exp(select(m, b4L, b4S) * d(k)) *
+                                   select(m, inverseB3L, inverseB3S);
                         });
                         stage(count, Vt, [&](int k) {
                             const Mask m = melt(k);
@@ -424,23 +442,24 @@ struct VectorModels {
                         stage(count, r, [&](int k) {
                             const Mask m = melt(k);
                             const V V0 = select(m, b1L, b1S) + select(m, b2L, b2S) * d(k);
-                            return V0 * (1.0 - kTaitC * M::log(1.0 + at(P, k) / B[k])) + Vt[k];
+                            return V0 * compression(C, at(P, k), inverseB[k]) + Vt[k];
                         });
                     },
                     exact);
             }
             case 7: {
-                const V b1 = splat(p[0]), b2 = splat(p[1]), b3 = splat(p[2]), b4 = splat(p[3]),
-                        Zeta = splat(p[4]);
+                const V b1 = splat(p[0]), b2 = splat(p[1]), b4 = splat(p[3]), Zeta = splat(p[4]);
+                const V inverseB3 = splat(1.0 / p[2]), C = splat(kTaitC);
                 return blocks(
                     n, out,
                     [&](int i, int count, V* r) {
                         const Points at{i};
-                        Chunk B;
-                        stage(count, B, [&](int k) { return b3 * M::exp(-b4 * at.T(t, k)); });
+                        Chunk inverseB;
+                        stage(count, inverseB,
+                              [&](int k) { return M::exp(b4 * at.T(t, k)) * inverseB3; });
                         stage(count, r, [&](int k) {
                             const V Tv = at.T(t, k);
-                            return (1.0 - kTaitC * M::log(1.0 + at(P, k) / B[k])) * (b1 + b2 * Tv) *
+                            return compression(C, at(P, k), inverseB[k]) * (b1 + b2 * Tv) *
                                    (1.0 - Zeta * at(x, k));
                         });
                     },
