@@ -13,9 +13,8 @@ struct Avx2Math {
     using V = __m256d;
     static constexpr bool kFused = true;
     static V fms(V a, V b, V c) { return _mm256_fmsub_pd(a, b, c); }
-    static V exp(V v) { return Sleef_expd4_u10avx2(v); }
-    static V log(V v) { return Sleef_logd4_u10avx2(v); }
-    static V logReduced(V v) { return Sleef_logd4_u35avx2(v); }
+    static V exp2(V v) { return Sleef_exp2d4_u10avx2(v); }
+    static V log35(V v) { return Sleef_logd4_u35avx2(v); }
     template <typename Mask>
     static bool any(Mask m) {
         return _mm256_movemask_pd(reinterpret_cast<__m256d>(m)) != 0;

@@ -1,8 +1,8 @@
 // The viscosity and PVT formulas on vectors of doubles, written once over a maths policy `M` that
 // each instruction-set file supplies:
 //   M::V               a GNU vector of doubles (__m128d, __m256d, __m512d)
-//   M::exp, M::log     V -> V, each of at most 1.0 ulp error
-//   M::logReduced      V -> V, the log of m in [sqrt(1/2), sqrt(2)), within 3.5 ulp of ln m
+//   M::exp2            V -> V, 2^v within 1.0 ulp
+//   M::log35           V -> V, ln v within 3.5 ulp
 //   M::any             true when a lane of a comparison's mask is set (one movemask or test)
 //   M::kFused          whether M::fms(a, b, c), a b - c with one rounding, exists
 //
@@ -93,12 +93,35 @@ struct VectorModels {
         }
     }
 
+    // e^(y + yLow) as 2^((y + yLow) log2 e), the exponent carried in two doubles: SLEEF's exp2
+    // costs a fifth less than its exp. 2^(hi + lo) = 2^hi (1 + lo ln 2) to far below an ulp, as
+    // |lo| < 2^-42 wherever 2^hi is finite; the result is within exp2's 1 ulp and two roundings of
+    // the true value. A y so large that y log2 e overflows gives a NaN, whose lane the exact loop
+    // then computes. yLow must be below an ulp of y.
+    static V exp(V y, V yLow) {
+        const double log2e = 1.4426950408889634;         // 0x3ff71547652b82fe
+        const double log2eLow = 2.0355273740931033e-17;  // log2 e - log2e
+        V hi, lo;
+        product(y, splat(log2e), hi, lo);
+        lo = lo + (y * log2eLow + yLow * log2e);
+        const V r = M::exp2(hi);
+        return r + r * (lo * 0.6931471805599453);
+    }
+    static V exp(V y) {
+        const double log2e = 1.4426950408889634, log2eLow = 2.0355273740931033e-17;
+        V hi, lo;
+        product(y, splat(log2e), hi, lo);
+        lo = lo + y * log2eLow;
+        const V r = M::exp2(hi);
+        return r + r * (lo * 0.6931471805599453);
+    }
+
     // out[k] = base(k)^exponent(k) for positive normal bases, as exp(b ln a) with b ln a carried
     // in two doubles: a = 2^e m with m in [sqrt(1/2), sqrt(2)), ln a = e ln 2 + ln m, where e ln 2
     // is exact in two parts and ln m is small, so the vector log's last-bit error stays small in
     // absolute terms; the rounding of the product b ln a is kept and applied after exp. The result
     // is within about (2 |b| + 3) 1e-16 relative of the true power, whatever the size of b ln a:
-    // ln m comes from M::logReduced, and as |ln m| < 0.35 its 3.5 ulp are below 2e-16 absolute;
+    // ln m comes from M::log35, and as |ln m| < 0.35 its 3.5 ulp are below 2e-16 absolute;
     // the exp adds its 1 ulp and the roundings of the sums are carried in Llo and ylo.
     // Lanes with a base that is not positive, normal and finite take the scalar pow of the same
     // arguments, which is the exact form's own. The log of the chunk is one stage, the exp another.
@@ -117,7 +140,7 @@ struct VectorModels {
             // The exponent as a double, through the bits of 2^52 + k (k = biased + 1 where high).
             e[k] = reinterpret_cast<V>((biased - high) | 0x4330000000000000LL) -
                    (4503599627370496.0 + 1023.0);
-            return M::logReduced(m);
+            return M::log35(m);
         });
         stage(count, out, [&](int k) {
             const V b = exponent(k);
@@ -134,8 +157,7 @@ struct VectorModels {
             V yhi, ylo;
             product(b, Lhi, yhi, ylo);
             ylo = ylo + b * Llo;
-            V r = M::exp(yhi);
-            r = r + r * ylo;
+            V r = exp(yhi, ylo);
             const Mask usable = (a[k] >= __DBL_MIN__) & (a[k] <= __DBL_MAX__) & (abs(yhi) <= 700.0);
             if (M::any(~usable)) {
                 for (int l = 0; l < kWidth; ++l)
@@ -167,9 +189,7 @@ struct VectorModels {
     // The Tait compression 1 - C ln(1 + P/B), given 1/B: the scalar kernels divide P by
     // B = b3 e^(..), here P is multiplied by e^(-..)/b3, which differs from it by a few ulp and
     // takes a division out of the loop.
-    static V compression(V C, V P, V inverseB) {
-        return 1.0 - C * M::logReduced(1.0 + P * inverseB);
-    }
+    static V compression(V C, V P, V inverseB) { return 1.0 - C * M::log35(1.0 + P * inverseB); }
 
     // Runs `formula(i, count, r)` on the full vectors of n points, a chunk at a time: the formula
     // writes r[k], the result of the kth vector from point i, for the count vectors of the chunk,
@@ -220,7 +240,7 @@ struct VectorModels {
                     [&](int i, int count, V* r) {
                         const Points at{i};
                         Chunk f, gn;
-                        stage(count, f, [&](int k) { return B * M::exp(Tb / at.T(t, k)); });
+                        stage(count, f, [&](int k) { return B * exp(Tb / at.T(t, k)); });
                         powers(
                             count, gn, [&](int k) { return at(g, k); }, [&](int) { return n1; });
                         stage(count, r, [&](int k) { return f[k] * gn[k]; });
@@ -236,7 +256,7 @@ struct VectorModels {
                         const Points at{i};
                         Chunk eta0, q;
                         stage(count, eta0,
-                              [&](int k) { return B * M::exp(Tb / at.T(t, k) + D * at(P, k)); });
+                              [&](int k) { return B * exp(Tb / at.T(t, k) + D * at(P, k)); });
                         powers(
                             count, q, [&](int k) { return eta0[k] * at(g, k); },
                             [&](int) { return n1; });
@@ -252,7 +272,7 @@ struct VectorModels {
                         const Points at{i};
                         Chunk eta0;
                         stage(count, eta0,
-                              [&](int k) { return B * M::exp(Tb / at.T(t, k) + D * at(P, k)); });
+                              [&](int k) { return B * exp(Tb / at.T(t, k) + D * at(P, k)); });
                         cross(
                             count, r, eta0, [&](int k) { return at(g, k); }, p[1], n1);
                     },
@@ -269,8 +289,8 @@ struct VectorModels {
                         stage(count, eta0, [&](int k) {
                             const V Pv = at(P, k), tv = at(t, k);
                             const V Tstar = D2 + D3 * Pv;
-                            return D1 * M::exp(-A1 * (tv + 273.15 - Tstar) /
-                                               (D3 * Pv + A2b + tv + 273.15 - Tstar));
+                            return D1 * exp(-A1 * (tv + 273.15 - Tstar) /
+                                            (D3 * Pv + A2b + tv + 273.15 - Tstar));
                         });
                         cross(
                             count, r, eta0, [&](int k) { return at(g, k); }, p[1], n1);
@@ -286,7 +306,7 @@ struct VectorModels {
                         const Points at{i};
                         Chunk c, f;
                         cure(count, c, at, x, Cg, C1, C2);
-                        stage(count, f, [&](int k) { return M::exp(Tb / at.T(t, k)); });
+                        stage(count, f, [&](int k) { return exp(Tb / at.T(t, k)); });
                         stage(count, r, [&](int k) { return c[k] * A * f[k]; });
                     },
                     exact);
@@ -312,14 +332,14 @@ struct VectorModels {
                             return v;
                         });
                         stage(count, m, [&](int k) {
-                            const V v = c0 * M::exp(c1 * at(x, k) + c2 * tau[k]);
+                            const V v = c0 * exp(c1 * at(x, k) + c2 * tau[k]);
                             return select(low > v, low, select(v > high, high, v));
                         });
                         stage(count, f, [&](int k) {
                             const V xv = at(x, k);
                             const V a = a0 + a1 * xv + a2 * tau[k];
                             const V b = b0 + b1 * xv + b2 * tau[k];
-                            return M::exp(b / at.T(t, k) + a);
+                            return exp(b / at.T(t, k) + a);
                         });
                         powers(
                             count, gm, [&](int k) { return at(g, k); },
@@ -336,7 +356,7 @@ struct VectorModels {
                     [&](int i, int count, V* r) {
                         const Points at{i};
                         Chunk f, c, q;
-                        stage(count, f, [&](int k) { return A * M::exp(Tb / at.T(t, k)); });
+                        stage(count, f, [&](int k) { return A * exp(Tb / at.T(t, k)); });
                         cure(count, c, at, x, Cg, C1, C2);
                         powers(
                             count, q, [&](int k) { return f[k] * at(g, k) * inverseTaus; },
@@ -357,11 +377,11 @@ struct VectorModels {
                         cure(count, c, at, x, Cg, C1, C2);
                         stage(count, shift, [&](int k) {
                             const V Tv = at.T(t, k);
-                            return M::exp(-CA * (Tv - Tg) / (CB + Tv - Tg));
+                            return exp(-CA * (Tv - Tg) / (CB + Tv - Tg));
                         });
                         powers(
                             count, gn, [&](int k) { return at(g, k); }, [&](int) { return n1; });
-                        stage(count, yield, [&](int k) { return M::exp(C2 / at.T(t, k)); });
+                        stage(count, yield, [&](int k) { return exp(C2 / at.T(t, k)); });
                         stage(count, r, [&](int k) {
                             return K00 * c[k] * shift[k] * gn[k] + Tauy0 * yield[k] / at(g, k);
                         });
@@ -388,9 +408,9 @@ struct VectorModels {
                     [&](int i, int count, V* r) {
                         const Points at{i};
                         Chunk shrink, inverseB;
-                        stage(count, shrink, [&](int k) { return b1 * M::exp(-b2 * at.T(t, k)); });
+                        stage(count, shrink, [&](int k) { return b1 * exp(-b2 * at.T(t, k)); });
                         stage(count, inverseB,
-                              [&](int k) { return M::exp(-b4 * at.T(t, k)) * inverseB3; });
+                              [&](int k) { return exp(-b4 * at.T(t, k)) * inverseB3; });
                         stage(count, r, [&](int k) {
                             return shrink[k] * compression(C, at(P, k), inverseB[k]);
                         });
@@ -407,8 +427,7 @@ struct VectorModels {
                         const Points at{i};
                         auto d = [&](int k) { return at.T(t, k) - (b5 + b6 * at(P, k)); };
                         Chunk inverseB;
-                        stage(count, inverseB,
-                              [&](int k) { return M::exp(b4 * d(k)) * inverseB3; });
+                        stage(count, inverseB, [&](int k) { return exp(b4 * d(k)) * inverseB3; });
                         stage(count, r, [&](int k) {
                             return compression(C, at(P, k), inverseB[k]) * (b1 + b2 * d(k));
                         });
@@ -431,13 +450,13 @@ struct VectorModels {
                         Chunk inverseB, Vt;
                         stage(count, inverseB, [&](int k) {
                             const Mask m = melt(k);
-                            return M::exp(select(m, b4L, b4S) * d(k)) *
+                            return exp(select(m, b4L, b4S) * d(k)) *
                                    select(m, inverseB3L, inverseB3S);
                         });
                         stage(count, Vt, [&](int k) {
                             const Mask m = melt(k);
                             if (!M::any(~m)) return V{};
-                            return select(m, V{}, b7 * M::exp(b8 * d(k) - b9 * at(P, k)));
+                            return select(m, V{}, b7 * exp(b8 * d(k) - b9 * at(P, k)));
                         });
                         stage(count, r, [&](int k) {
                             const Mask m = melt(k);
@@ -456,7 +475,7 @@ struct VectorModels {
                         const Points at{i};
                         Chunk inverseB;
                         stage(count, inverseB,
-                              [&](int k) { return M::exp(b4 * at.T(t, k)) * inverseB3; });
+                              [&](int k) { return exp(b4 * at.T(t, k)) * inverseB3; });
                         stage(count, r, [&](int k) {
                             const V Tv = at.T(t, k);
                             return compression(C, at(P, k), inverseB[k]) * (b1 + b2 * Tv) *
