@@ -93,27 +93,50 @@ struct VectorModels {
         }
     }
 
-    // e^(y + yLow) as 2^((y + yLow) log2 e), the exponent carried in two doubles: SLEEF's exp2
-    // costs a fifth less than its exp. 2^(hi + lo) = 2^hi (1 + lo ln 2) to far below an ulp, as
-    // |lo| < 2^-42 wherever 2^hi is finite; the result is within exp2's 1 ulp and two roundings of
-    // the true value. A y so large that y log2 e overflows gives a NaN, whose lane the exact loop
-    // then computes. yLow must be below an ulp of y.
-    static V exp(V y, V yLow) {
-        const double log2e = 1.4426950408889634;         // 0x3ff71547652b82fe
-        const double log2eLow = 2.0355273740931033e-17;  // log2 e - log2e
-        V hi, lo;
-        product(y, splat(log2e), hi, lo);
-        lo = lo + (y * log2eLow + yLow * log2e);
-        const V r = M::exp2(hi);
-        return r + r * (lo * 0.6931471805599453);
+    // Each vector exp and log of a chunk is a loop of its own that does nothing but call SLEEF, so
+    // that the calls overlap as far as the processor's window allows; the arithmetic that makes
+    // their arguments and uses their results runs in stages before and after.
+
+    // out[k] = 2^hi[k] (1 + lo[k] ln 2) where needed(k), else 0.
+    template <typename Needed>
+    static void exp2s(int count, V* out, const V* hi, const V* lo, Needed needed) {
+        for (int k = 0; k < count; ++k)
+            out[k] = needed(k) ? M::exp2(hi[k]) : V{};
+        stage(count, out, [&](int k) { return out[k] + out[k] * (lo[k] * 0.6931471805599453); });
     }
-    static V exp(V y) {
-        const double log2e = 1.4426950408889634, log2eLow = 2.0355273740931033e-17;
-        V hi, lo;
-        product(y, splat(log2e), hi, lo);
-        lo = lo + y * log2eLow;
-        const V r = M::exp2(hi);
-        return r + r * (lo * 0.6931471805599453);
+
+    // The two parts hi + lo of (y + yLow) log2 e, yLow below an ulp of y.
+    static constexpr double kLog2e = 1.4426950408889634;         // 0x3ff71547652b82fe
+    static constexpr double kLog2eLow = 2.0355273740931033e-17;  // log2 e - kLog2e
+    static V toBase2(V y, V& lo) {
+        V hi;
+        product(y, splat(kLog2e), hi, lo);
+        lo = lo + y * kLog2eLow;
+        return hi;
+    }
+
+    // out[k] = e^y(k) where needed(k), else 0: 2^(y log2 e) with y log2 e carried in two doubles,
+    // as SLEEF's exp2 costs a fifth less than its exp. 2^(hi + lo) = 2^hi (1 + lo ln 2) to far
+    // below an ulp, as |lo| < 2^-42 wherever 2^hi is finite; the result is within exp2's 1 ulp and
+    // two roundings of e^y. A y so large that y log2 e overflows gives a NaN, whose lane the exact
+    // loop then computes.
+    template <typename Y, typename Needed>
+    static void expsWhere(int count, V* out, Y y, Needed needed) {
+        Chunk hi, lo;
+        stage(count, hi, [&](int k) { return toBase2(y(k), lo[k]); });
+        exp2s(count, out, hi, lo, needed);
+    }
+    template <typename Y>
+    static void exps(int count, V* out, Y y) {
+        expsWhere(count, out, y, [](int) { return true; });
+    }
+
+    // out[k] = ln a(k), within 3.5 ulp.
+    template <typename A>
+    static void logs(int count, V* out, A a) {
+        stage(count, out, a);
+        for (int k = 0; k < count; ++k)
+            out[k] = M::log35(out[k]);
     }
 
     // out[k] = base(k)^exponent(k) for positive normal bases, as exp(b ln a) with b ln a carried
@@ -123,12 +146,12 @@ struct VectorModels {
     // is within about (2 |b| + 3) 1e-16 relative of the true power, whatever the size of b ln a:
     // ln m comes from M::log35, and as |ln m| < 0.35 its 3.5 ulp are below 2e-16 absolute;
     // the exp adds its 1 ulp and the roundings of the sums are carried in Llo and ylo.
-    // Lanes with a base that is not positive, normal and finite take the scalar pow of the same
-    // arguments, which is the exact form's own. The log of the chunk is one stage, the exp another.
+    // Lanes with a base that is not positive, normal and finite, or a power beyond e^+-700, take
+    // the scalar pow of the same arguments, which is the exact form's own.
     template <typename Base, typename Exponent>
     static void powers(int count, V* out, Base base, Exponent exponent) {
         using Bits = Mask;
-        Chunk a, e, lnm;
+        Chunk a, e, lnm, hi, lo;
         stage(count, lnm, [&](int k) {
             a[k] = base(k);
             const Bits bits = reinterpret_cast<Bits>(a[k]);
@@ -136,35 +159,48 @@ struct VectorModels {
             // Mantissa in [1, 2), moved to [sqrt(1/2), sqrt(2)) with the exponent one higher.
             V m = reinterpret_cast<V>((bits & 0x000fffffffffffffLL) | 0x3ff0000000000000LL);
             const Mask high = m > 1.4142135623730951;
-            m = select(high, m * 0.5, m);
             // The exponent as a double, through the bits of 2^52 + k (k = biased + 1 where high).
             e[k] = reinterpret_cast<V>((biased - high) | 0x4330000000000000LL) -
                    (4503599627370496.0 + 1023.0);
-            return M::log35(m);
+            return select(high, m * 0.5, m);
         });
-        stage(count, out, [&](int k) {
-            const V b = exponent(k);
+        for (int k = 0; k < count; ++k)
+            lnm[k] = M::log35(lnm[k]);
+        stage(count, hi, [&](int k) {
             const double ln2hi = 6.93147180369123816490e-01;  // 0x3fe62e42fee00000: e ln2hi exact
             const double ln2lo = 1.90821492927058770002e-10;
             // L = e ln2hi + lnm + e ln2lo as Lhi + Llo, normalised so that Llo is below an ulp of
-            // Lhi: e ln2lo alone reaches 2e-7, and the correction exp(ylo) ~ 1 + ylo below needs
-            // ylo tiny.
+            // Lhi: e ln2lo alone reaches 2e-7, and the correction 2^lo ~ 1 + lo ln 2 needs lo tiny.
             const V eh = e[k] * ln2hi;
             const V sum = eh + lnm[k];
             const V rest = ((eh - sum) + lnm[k]) + e[k] * ln2lo;
             const V Lhi = sum + rest;
             const V Llo = rest - (Lhi - sum);
+            const V b = exponent(k);
             V yhi, ylo;
             product(b, Lhi, yhi, ylo);
             ylo = ylo + b * Llo;
-            V r = exp(yhi, ylo);
-            const Mask usable = (a[k] >= __DBL_MIN__) & (a[k] <= __DBL_MAX__) & (abs(yhi) <= 700.0);
-            if (M::any(~usable)) {
-                for (int l = 0; l < kWidth; ++l)
-                    if (!usable[l]) r[l] = __builtin_pow(a[k][l], b[l]);
-            }
-            return r;
+            const V h = toBase2(yhi, lo[k]);
+            lo[k] = lo[k] + ylo * kLog2e;
+            return h;
         });
+        exp2s(count, out, hi, lo, [](int) { return true; });
+        for (int k = 0; k < count; ++k) {
+            const Mask usable =
+                (a[k] >= __DBL_MIN__) & (a[k] <= __DBL_MAX__) & (abs(hi[k]) <= 700.0 * kLog2e);
+            if (M::any(~usable)) {
+                const V b = exponent(k);
+                for (int l = 0; l < kWidth; ++l)
+                    if (!usable[l]) out[k][l] = __builtin_pow(a[k][l], b[l]);
+            }
+        }
+    }
+
+    // out[k] = B e^(Tb/T + D P), the zero-shear viscosity of the modified Cross forms.
+    static void zeroShear(int count, V* out, Points at, const double* t, const double* P, V B, V Tb,
+                          V D) {
+        exps(count, out, [&](int k) { return Tb / at.T(t, k) + D * at(P, k); });
+        stage(count, out, [&](int k) { return B * out[k]; });
     }
 
     // The cure factor (Cg/(Cg - x))^(C1 + C2 x) of the Castro-Macosko forms.
@@ -186,10 +222,14 @@ struct VectorModels {
         stage(count, out, [&](int k) { return eta0[k] / (1.0 + q[k]); });
     }
 
-    // The Tait compression 1 - C ln(1 + P/B), given 1/B: the scalar kernels divide P by
-    // B = b3 e^(..), here P is multiplied by e^(-..)/b3, which differs from it by a few ulp and
-    // takes a division out of the loop.
-    static V compression(V C, V P, V inverseB) { return 1.0 - C * M::log35(1.0 + P * inverseB); }
+    // out[k] = the Tait compression 1 - C ln(1 + P/B) of the chunk, given 1/B: the scalar kernels
+    // divide P by B = b3 e^(..), here P is multiplied by e^(-..)/b3, which differs from it by a few
+    // ulp and takes a division out of the loop.
+    static void compressions(int count, V* out, Points at, const double* P, V C,
+                             const V* inverseB) {
+        logs(count, out, [&](int k) { return 1.0 + at(P, k) * inverseB[k]; });
+        stage(count, out, [&](int k) { return 1.0 - C * out[k]; });
+    }
 
     // Runs `formula(i, count, r)` on the full vectors of n points, a chunk at a time: the formula
     // writes r[k], the result of the kth vector from point i, for the count vectors of the chunk,
@@ -240,10 +280,10 @@ struct VectorModels {
                     [&](int i, int count, V* r) {
                         const Points at{i};
                         Chunk f, gn;
-                        stage(count, f, [&](int k) { return B * exp(Tb / at.T(t, k)); });
+                        exps(count, f, [&](int k) { return Tb / at.T(t, k); });
                         powers(
                             count, gn, [&](int k) { return at(g, k); }, [&](int) { return n1; });
-                        stage(count, r, [&](int k) { return f[k] * gn[k]; });
+                        stage(count, r, [&](int k) { return B * f[k] * gn[k]; });
                     },
                     exact);
             }
@@ -255,8 +295,7 @@ struct VectorModels {
                     [&](int i, int count, V* r) {
                         const Points at{i};
                         Chunk eta0, q;
-                        stage(count, eta0,
-                              [&](int k) { return B * exp(Tb / at.T(t, k) + D * at(P, k)); });
+                        zeroShear(count, eta0, at, t, P, B, Tb, D);
                         powers(
                             count, q, [&](int k) { return eta0[k] * at(g, k); },
                             [&](int) { return n1; });
@@ -271,8 +310,7 @@ struct VectorModels {
                     [&](int i, int count, V* r) {
                         const Points at{i};
                         Chunk eta0;
-                        stage(count, eta0,
-                              [&](int k) { return B * exp(Tb / at.T(t, k) + D * at(P, k)); });
+                        zeroShear(count, eta0, at, t, P, B, Tb, D);
                         cross(
                             count, r, eta0, [&](int k) { return at(g, k); }, p[1], n1);
                     },
@@ -286,12 +324,13 @@ struct VectorModels {
                     [&](int i, int count, V* r) {
                         const Points at{i};
                         Chunk eta0;
-                        stage(count, eta0, [&](int k) {
+                        exps(count, eta0, [&](int k) {
                             const V Pv = at(P, k), tv = at(t, k);
                             const V Tstar = D2 + D3 * Pv;
-                            return D1 * exp(-A1 * (tv + 273.15 - Tstar) /
-                                            (D3 * Pv + A2b + tv + 273.15 - Tstar));
+                            return -A1 * (tv + 273.15 - Tstar) /
+                                   (D3 * Pv + A2b + tv + 273.15 - Tstar);
                         });
+                        stage(count, eta0, [&](int k) { return D1 * eta0[k]; });
                         cross(
                             count, r, eta0, [&](int k) { return at(g, k); }, p[1], n1);
                     },
@@ -306,7 +345,7 @@ struct VectorModels {
                         const Points at{i};
                         Chunk c, f;
                         cure(count, c, at, x, Cg, C1, C2);
-                        stage(count, f, [&](int k) { return exp(Tb / at.T(t, k)); });
+                        exps(count, f, [&](int k) { return Tb / at.T(t, k); });
                         stage(count, r, [&](int k) { return c[k] * A * f[k]; });
                     },
                     exact);
@@ -331,15 +370,16 @@ struct VectorModels {
                                 v[l] = __builtin_tan(arg[l]);
                             return v;
                         });
+                        exps(count, m, [&](int k) { return c1 * at(x, k) + c2 * tau[k]; });
                         stage(count, m, [&](int k) {
-                            const V v = c0 * exp(c1 * at(x, k) + c2 * tau[k]);
+                            const V v = c0 * m[k];
                             return select(low > v, low, select(v > high, high, v));
                         });
-                        stage(count, f, [&](int k) {
+                        exps(count, f, [&](int k) {
                             const V xv = at(x, k);
                             const V a = a0 + a1 * xv + a2 * tau[k];
                             const V b = b0 + b1 * xv + b2 * tau[k];
-                            return exp(b / at.T(t, k) + a);
+                            return b / at.T(t, k) + a;
                         });
                         powers(
                             count, gm, [&](int k) { return at(g, k); },
@@ -356,7 +396,8 @@ struct VectorModels {
                     [&](int i, int count, V* r) {
                         const Points at{i};
                         Chunk f, c, q;
-                        stage(count, f, [&](int k) { return A * exp(Tb / at.T(t, k)); });
+                        exps(count, f, [&](int k) { return Tb / at.T(t, k); });
+                        stage(count, f, [&](int k) { return A * f[k]; });
                         cure(count, c, at, x, Cg, C1, C2);
                         powers(
                             count, q, [&](int k) { return f[k] * at(g, k) * inverseTaus; },
@@ -375,13 +416,13 @@ struct VectorModels {
                         const Points at{i};
                         Chunk c, shift, gn, yield;
                         cure(count, c, at, x, Cg, C1, C2);
-                        stage(count, shift, [&](int k) {
+                        exps(count, shift, [&](int k) {
                             const V Tv = at.T(t, k);
-                            return exp(-CA * (Tv - Tg) / (CB + Tv - Tg));
+                            return -CA * (Tv - Tg) / (CB + Tv - Tg);
                         });
                         powers(
                             count, gn, [&](int k) { return at(g, k); }, [&](int) { return n1; });
-                        stage(count, yield, [&](int k) { return exp(C2 / at.T(t, k)); });
+                        exps(count, yield, [&](int k) { return C2 / at.T(t, k); });
                         stage(count, r, [&](int k) {
                             return K00 * c[k] * shift[k] * gn[k] + Tauy0 * yield[k] / at(g, k);
                         });
@@ -407,13 +448,12 @@ struct VectorModels {
                     n, out,
                     [&](int i, int count, V* r) {
                         const Points at{i};
-                        Chunk shrink, inverseB;
-                        stage(count, shrink, [&](int k) { return b1 * exp(-b2 * at.T(t, k)); });
-                        stage(count, inverseB,
-                              [&](int k) { return exp(-b4 * at.T(t, k)) * inverseB3; });
-                        stage(count, r, [&](int k) {
-                            return shrink[k] * compression(C, at(P, k), inverseB[k]);
-                        });
+                        Chunk shrink, inverseB, tait;
+                        exps(count, shrink, [&](int k) { return -b2 * at.T(t, k); });
+                        exps(count, inverseB, [&](int k) { return -b4 * at.T(t, k); });
+                        stage(count, inverseB, [&](int k) { return inverseB[k] * inverseB3; });
+                        compressions(count, tait, at, P, C, inverseB);
+                        stage(count, r, [&](int k) { return b1 * shrink[k] * tait[k]; });
                     },
                     exact);
             }
@@ -426,11 +466,11 @@ struct VectorModels {
                     [&](int i, int count, V* r) {
                         const Points at{i};
                         auto d = [&](int k) { return at.T(t, k) - (b5 + b6 * at(P, k)); };
-                        Chunk inverseB;
-                        stage(count, inverseB, [&](int k) { return exp(b4 * d(k)) * inverseB3; });
-                        stage(count, r, [&](int k) {
-                            return compression(C, at(P, k), inverseB[k]) * (b1 + b2 * d(k));
-                        });
+                        Chunk inverseB, tait;
+                        exps(count, inverseB, [&](int k) { return b4 * d(k); });
+                        stage(count, inverseB, [&](int k) { return inverseB[k] * inverseB3; });
+                        compressions(count, tait, at, P, C, inverseB);
+                        stage(count, r, [&](int k) { return tait[k] * (b1 + b2 * d(k)); });
                     },
                     exact);
             }
@@ -445,23 +485,27 @@ struct VectorModels {
                     [&](int i, int count, V* r) {
                         const Points at{i};
                         // Each lane takes its own domain's constants; a tie is melt.
-                        auto melt = [&](int k) { return at.T(t, k) >= b5 + b6 * at(P, k); };
-                        auto d = [&](int k) { return at.T(t, k) - b5; };
-                        Chunk inverseB, Vt;
+                        Mask melt[kChunk];
+                        Chunk d, inverseB, Vt, tait;
+                        stage(count, d, [&](int k) {
+                            const V Tv = at.T(t, k);
+                            melt[k] = Tv >= b5 + b6 * at(P, k);
+                            return Tv - b5;
+                        });
+                        exps(count, inverseB,
+                             [&](int k) { return select(melt[k], b4L, b4S) * d[k]; });
                         stage(count, inverseB, [&](int k) {
-                            const Mask m = melt(k);
-                            return exp(select(m, b4L, b4S) * d(k)) *
-                                   select(m, inverseB3L, inverseB3S);
+                            return inverseB[k] * select(melt[k], inverseB3L, inverseB3S);
                         });
-                        stage(count, Vt, [&](int k) {
-                            const Mask m = melt(k);
-                            if (!M::any(~m)) return V{};
-                            return select(m, V{}, b7 * exp(b8 * d(k) - b9 * at(P, k)));
-                        });
+                        // The solid-side term, only for vectors with a solid lane.
+                        expsWhere(
+                            count, Vt, [&](int k) { return b8 * d[k] - b9 * at(P, k); },
+                            [&](int k) { return M::any(~melt[k]); });
+                        compressions(count, tait, at, P, C, inverseB);
                         stage(count, r, [&](int k) {
-                            const Mask m = melt(k);
-                            const V V0 = select(m, b1L, b1S) + select(m, b2L, b2S) * d(k);
-                            return V0 * compression(C, at(P, k), inverseB[k]) + Vt[k];
+                            const V V0 =
+                                select(melt[k], b1L, b1S) + select(melt[k], b2L, b2S) * d[k];
+                            return V0 * tait[k] + select(melt[k], V{}, b7 * Vt[k]);
                         });
                     },
                     exact);
@@ -473,13 +517,12 @@ struct VectorModels {
                     n, out,
                     [&](int i, int count, V* r) {
                         const Points at{i};
-                        Chunk inverseB;
-                        stage(count, inverseB,
-                              [&](int k) { return exp(b4 * at.T(t, k)) * inverseB3; });
+                        Chunk inverseB, tait;
+                        exps(count, inverseB, [&](int k) { return b4 * at.T(t, k); });
+                        stage(count, inverseB, [&](int k) { return inverseB[k] * inverseB3; });
+                        compressions(count, tait, at, P, C, inverseB);
                         stage(count, r, [&](int k) {
-                            const V Tv = at.T(t, k);
-                            return compression(C, at(P, k), inverseB[k]) * (b1 + b2 * Tv) *
-                                   (1.0 - Zeta * at(x, k));
+                            return tait[k] * (b1 + b2 * at.T(t, k)) * (1.0 - Zeta * at(x, k));
                         });
                     },
                     exact);
