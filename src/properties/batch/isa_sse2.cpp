@@ -12,7 +12,7 @@ namespace {
 struct Sse2Math {
     using V = __m128d;
     static constexpr bool kFused = false;
-    static V exp2(V v) { return Sleef_exp2d2_u10sse2(v); }
+    static V exp(V v) { return Sleef_expd2_u10sse2(v); }
     static V log35(V v) { return Sleef_logd2_u35sse2(v); }
     template <typename Mask>
     static bool any(Mask m) {

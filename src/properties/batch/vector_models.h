@@ -1,7 +1,8 @@
 // The viscosity and PVT formulas on vectors of doubles, written once over a maths policy `M` that
 // each instruction-set file supplies:
 //   M::V               a GNU vector of doubles (__m128d, __m256d, __m512d)
-//   M::exp2            V -> V, 2^v within 1.0 ulp
+//   M::exp2            V -> V, 2^v within 1.0 ulp (where M::kFused)
+//   M::exp             V -> V, e^v within 1.0 ulp (where not M::kFused)
 //   M::log35           V -> V, ln v within 3.5 ulp
 //   M::any             true when a lane of a comparison's mask is set (one movemask or test)
 //   M::kFused          whether M::fms(a, b, c), a b - c with one rounding, exists
@@ -97,34 +98,43 @@ struct VectorModels {
     // that the calls overlap as far as the processor's window allows; the arithmetic that makes
     // their arguments and uses their results runs in stages before and after.
 
-    // out[k] = 2^hi[k] (1 + lo[k] ln 2) where needed(k), else 0.
+    // out[k] = e^(y[k] + yLow[k]) where needed(k), else 0; yLow is null or below an ulp of y.
+    // With a fused multiply-add this is 2^((y + yLow) log2 e), the exponent carried in two doubles,
+    // as SLEEF's exp2 costs a fifth less than its exp: 2^(hi + lo) = 2^hi (1 + lo ln 2) to far
+    // below an ulp, as |lo| < 2^-42 wherever 2^hi is finite, so the result is within exp2's 1 ulp
+    // and two roundings of the true value. Without one (SSE2), Dekker's product would cost more
+    // than it saves, and SLEEF's exp is called directly. A y so large that y log2 e overflows
+    // gives a NaN, whose lane the exact loop then computes.
     template <typename Needed>
-    static void exp2s(int count, V* out, const V* hi, const V* lo, Needed needed) {
-        for (int k = 0; k < count; ++k)
-            out[k] = needed(k) ? M::exp2(hi[k]) : V{};
-        stage(count, out, [&](int k) { return out[k] + out[k] * (lo[k] * 0.6931471805599453); });
+    static void expSums(int count, V* out, const V* y, const V* yLow, Needed needed) {
+        const double ln2 = 0.6931471805599453;
+        if constexpr (M::kFused) {
+            const double log2e = 1.4426950408889634;         // 0x3ff71547652b82fe
+            const double log2eLow = 2.0355273740931033e-17;  // log2 e - log2e
+            Chunk hi, lo;
+            stage(count, hi, [&](int k) {
+                V h;
+                product(y[k], splat(log2e), h, lo[k]);
+                lo[k] = lo[k] + y[k] * log2eLow;
+                if (yLow) lo[k] = lo[k] + yLow[k] * log2e;
+                return h;
+            });
+            for (int k = 0; k < count; ++k)
+                out[k] = needed(k) ? M::exp2(hi[k]) : V{};
+            stage(count, out, [&](int k) { return out[k] + out[k] * (lo[k] * ln2); });
+        } else {
+            for (int k = 0; k < count; ++k)
+                out[k] = needed(k) ? M::exp(y[k]) : V{};
+            if (yLow) stage(count, out, [&](int k) { return out[k] + out[k] * yLow[k]; });
+        }
     }
 
-    // The two parts hi + lo of (y + yLow) log2 e, yLow below an ulp of y.
-    static constexpr double kLog2e = 1.4426950408889634;         // 0x3ff71547652b82fe
-    static constexpr double kLog2eLow = 2.0355273740931033e-17;  // log2 e - kLog2e
-    static V toBase2(V y, V& lo) {
-        V hi;
-        product(y, splat(kLog2e), hi, lo);
-        lo = lo + y * kLog2eLow;
-        return hi;
-    }
-
-    // out[k] = e^y(k) where needed(k), else 0: 2^(y log2 e) with y log2 e carried in two doubles,
-    // as SLEEF's exp2 costs a fifth less than its exp. 2^(hi + lo) = 2^hi (1 + lo ln 2) to far
-    // below an ulp, as |lo| < 2^-42 wherever 2^hi is finite; the result is within exp2's 1 ulp and
-    // two roundings of e^y. A y so large that y log2 e overflows gives a NaN, whose lane the exact
-    // loop then computes.
+    // out[k] = e^y(k) where needed(k), else 0.
     template <typename Y, typename Needed>
     static void expsWhere(int count, V* out, Y y, Needed needed) {
-        Chunk hi, lo;
-        stage(count, hi, [&](int k) { return toBase2(y(k), lo[k]); });
-        exp2s(count, out, hi, lo, needed);
+        Chunk arguments;
+        stage(count, arguments, y);
+        expSums(count, out, arguments, nullptr, needed);
     }
     template <typename Y>
     static void exps(int count, V* out, Y y) {
@@ -151,7 +161,7 @@ struct VectorModels {
     template <typename Base, typename Exponent>
     static void powers(int count, V* out, Base base, Exponent exponent) {
         using Bits = Mask;
-        Chunk a, e, lnm, hi, lo;
+        Chunk a, e, lnm, yhi, ylo;
         stage(count, lnm, [&](int k) {
             a[k] = base(k);
             const Bits bits = reinterpret_cast<Bits>(a[k]);
@@ -166,28 +176,27 @@ struct VectorModels {
         });
         for (int k = 0; k < count; ++k)
             lnm[k] = M::log35(lnm[k]);
-        stage(count, hi, [&](int k) {
+        stage(count, yhi, [&](int k) {
             const double ln2hi = 6.93147180369123816490e-01;  // 0x3fe62e42fee00000: e ln2hi exact
             const double ln2lo = 1.90821492927058770002e-10;
             // L = e ln2hi + lnm + e ln2lo as Lhi + Llo, normalised so that Llo is below an ulp of
-            // Lhi: e ln2lo alone reaches 2e-7, and the correction 2^lo ~ 1 + lo ln 2 needs lo tiny.
+            // Lhi: e ln2lo alone reaches 2e-7, and the correction 2^lo ~ 1 + lo ln 2 needs ylo
+            // tiny.
             const V eh = e[k] * ln2hi;
             const V sum = eh + lnm[k];
             const V rest = ((eh - sum) + lnm[k]) + e[k] * ln2lo;
             const V Lhi = sum + rest;
             const V Llo = rest - (Lhi - sum);
             const V b = exponent(k);
-            V yhi, ylo;
-            product(b, Lhi, yhi, ylo);
-            ylo = ylo + b * Llo;
-            const V h = toBase2(yhi, lo[k]);
-            lo[k] = lo[k] + ylo * kLog2e;
-            return h;
+            V y;
+            product(b, Lhi, y, ylo[k]);
+            ylo[k] = ylo[k] + b * Llo;
+            return y;
         });
-        exp2s(count, out, hi, lo, [](int) { return true; });
+        expSums(count, out, yhi, ylo, [](int) { return true; });
         for (int k = 0; k < count; ++k) {
             const Mask usable =
-                (a[k] >= __DBL_MIN__) & (a[k] <= __DBL_MAX__) & (abs(hi[k]) <= 700.0 * kLog2e);
+                (a[k] >= __DBL_MIN__) & (a[k] <= __DBL_MAX__) & (abs(yhi[k]) <= 700.0);
             if (M::any(~usable)) {
                 const V b = exponent(k);
                 for (int l = 0; l < kWidth; ++l)
