@@ -258,42 +258,43 @@ TEST_P(BatchFast, EveryModelMatchesTheHighPrecisionValues) {
     // The values of tests/data/model_values.json, computed apart at 50 digits, each within its
     // own tolerance (what a correct double evaluation may lose there) plus the fast forms' 1e-14.
     const nlohmann::json values = qrvtest::readJson("model_values.json");
-    int compared = 0;
-    auto within = [&](double got, double want, double tolerance, const std::string& where) {
-        EXPECT_LE(std::fabs(got - want), (tolerance + kTolerance) * std::fabs(want))
-            << where << ": got " << got << " want " << want;
-        ++compared;
+    // Each point is its inputs in the order of `columns`, the value, then the tolerance.
+    struct Kind {
+        const char* name;
+        QrvMatParam QrvMaterial::*block;
+        std::vector<std::vector<double> Columns::*> columns;
     };
-    for (const nlohmann::json& set : values.at("viscosity")) {
-        auto record = makeRecord();
-        const int model = set.at("model").get<int>();
-        setBlock(record->Vis, model, set.at("para").get<std::vector<double>>());
-        Columns c;
-        for (const nlohmann::json& p : set.at("points")) {
-            c.g.push_back(p[0]), c.t.push_back(p[1]), c.P.push_back(p[2]), c.x.push_back(p[3]);
-        }
-        std::vector<double> fast(c.size());
-        QrvGetViscosityNFast(record.get(), c.size(), c.g.data(), c.t.data(), c.P.data(), c.x.data(),
-                             fast.data());
-        for (int i = 0; i < c.size(); ++i) {
-            const nlohmann::json& p = set.at("points")[i];
-            within(fast[i], p[4], p[5], "Vis id " + std::to_string(model) + " at " + p.dump());
-        }
-    }
-    for (const nlohmann::json& set : values.at("pvt")) {
-        auto record = makeRecord();
-        const int model = set.at("model").get<int>();
-        setBlock(record->PVT, model, set.at("para").get<std::vector<double>>());
-        Columns c;
-        for (const nlohmann::json& p : set.at("points")) {
-            c.P.push_back(p[0]), c.t.push_back(p[1]), c.x.push_back(p[2]);
-        }
-        std::vector<double> fast(c.size());
-        QrvGetSpecificVolumeNFast(record.get(), c.size(), c.P.data(), c.t.data(), c.x.data(),
-                                  fast.data());
-        for (int i = 0; i < c.size(); ++i) {
-            const nlohmann::json& p = set.at("points")[i];
-            within(fast[i], p[3], p[4], "PVT id " + std::to_string(model) + " at " + p.dump());
+    const Kind kinds[] = {
+        {"viscosity", &QrvMaterial::Vis, {&Columns::g, &Columns::t, &Columns::P, &Columns::x}},
+        {"pvt", &QrvMaterial::PVT, {&Columns::P, &Columns::t, &Columns::x}},
+    };
+    int compared = 0;
+    for (const Kind& kind : kinds) {
+        for (const nlohmann::json& set : values.at(kind.name)) {
+            auto record = makeRecord();
+            const int model = set.at("model").get<int>();
+            setBlock((*record).*kind.block, model, set.at("para").get<std::vector<double>>());
+            const nlohmann::json& points = set.at("points");
+            const std::size_t inputs = kind.columns.size();
+            Columns c;
+            for (const nlohmann::json& p : points)
+                for (std::size_t k = 0; k < inputs; ++k)
+                    (c.*kind.columns[k]).push_back(p[k]);
+            std::vector<double> fast(c.size());
+            if (kind.block == &QrvMaterial::Vis) {
+                QrvGetViscosityNFast(record.get(), c.size(), c.g.data(), c.t.data(), c.P.data(),
+                                     c.x.data(), fast.data());
+            } else {
+                QrvGetSpecificVolumeNFast(record.get(), c.size(), c.P.data(), c.t.data(),
+                                          c.x.data(), fast.data());
+            }
+            for (int i = 0; i < c.size(); ++i) {
+                const double want = points[i][inputs], tolerance = points[i][inputs + 1];
+                EXPECT_LE(std::fabs(fast[i] - want), (tolerance + kTolerance) * std::fabs(want))
+                    << kind.name << " id " << model << " at " << points[i].dump() << ": got "
+                    << fast[i];
+                ++compared;
+            }
         }
     }
     EXPECT_GT(compared, 2000);
