@@ -8,17 +8,23 @@
 //   M::kFused          whether M::fms(a, b, c), a b - c with one rounding, exists
 //
 // Every formula keeps the order of operations of its scalar kernel (viscosity_models.h,
-// pvt_models.h), so that the only differences are those of the vector exp and log (and of the
-// powers built from them, see powers() below). A chunk whose result has a lane that is not a
-// finite normal number recomputes that lane with the exact loop, which gives failure values and
-// non-finite inputs exactly the exact form's result.
+// pvt_models.h), except that a division by a constant (Taus, b3) becomes a product with its
+// inverse; the other differences are those of the vector exp and log and of the powers built from
+// them (see expSums(), powers() and compressions() for the error of each). A chunk whose result
+// has a lane that is not a finite normal number recomputes that lane with the exact loop, which
+// gives failure values and non-finite inputs exactly the exact form's result.
 //
-// The formulas run in stages over a chunk of vectors: each stage is a loop over the chunk with at
-// most one call of the vector exp or log, and its results go to a small array that the next stage
-// reads. SLEEF's functions are calls into its shared library, each a long chain of dependent
-// operations around which every live vector register is spilled; a formula written one vector at
-// a time chains two or three of them per vector and the processor waits out each one's latency.
-// Within a stage the calls of the chunk are independent of each other and overlap.
+// The formulas run in stages over a chunk of 16 vectors, each stage a loop over the chunk whose
+// results go to a small array that the next stage reads, and every vector exp or log is a loop of
+// its own that does nothing but call SLEEF. SLEEF's functions are calls into its shared library,
+// each a long chain of dependent operations around which every live vector register is spilled:
+// written one vector at a time, a formula chains two or three of them per vector and the
+// processor waits out each one's latency (on AVX2 that ran at 1.6 to 2 times the scalar floor
+// where the calls alone would allow 4). A loop of independent calls overlaps them.
+//
+// SSE2 is kept as the vector set of processors without AVX2: with the loops above it measures at
+// or above the scalar floor for every model (bench/README.md), although each of its calls does
+// only two lanes.
 //
 // This header is included only by the instruction-set files, each compiled with its own -m
 // flags. Everything here is a template of the file's own policy type, which lives in an unnamed
@@ -93,10 +99,6 @@ struct VectorModels {
             lo = ((ahi * bhi - hi) + ahi * blo + alo * bhi) + alo * blo;
         }
     }
-
-    // Each vector exp and log of a chunk is a loop of its own that does nothing but call SLEEF, so
-    // that the calls overlap as far as the processor's window allows; the arithmetic that makes
-    // their arguments and uses their results runs in stages before and after.
 
     // out[k] = e^(y[k] + yLow[k]) where needed(k), else 0; yLow is null or below an ulp of y.
     // With a fused multiply-add this is 2^((y + yLow) log2 e), the exponent carried in two doubles,
