@@ -23,8 +23,8 @@
 // where the calls alone would allow 4). A loop of independent calls overlaps them.
 //
 // SSE2 is kept as the vector set of processors without AVX2: with the loops above it measures at
-// or above the scalar floor for every model (bench/README.md), although each of its calls does
-// only two lanes.
+// the scalar floor or above it for every model (0.95 to 2.0 times, bench/README.md), although
+// each of its calls does only two lanes.
 //
 // This header is included only by the instruction-set files, each compiled with its own -m
 // flags. Everything here is a template of the file's own policy type, which lives in an unnamed
