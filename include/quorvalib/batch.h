@@ -10,17 +10,21 @@
 // the scalar calls of quorvalib/properties.h document them.
 //
 // Fast forms (QrvGet...NFast): the same formulas on vectors, with exp and log from SLEEF's vector
-// functions of at most 1.0 ulp error; a power a^b is exp(b ln a) with b ln a carried in two
-// doubles (the scalar pow where a is not a positive normal number or b ln a nears overflow), and
-// the tangent of the power-law Castro-Macosko model stays the scalar one. The widest instruction
-// set of the processor is chosen at run time (AVX-512, AVX2 with FMA, else SSE2); points left over
-// after the last full vector are computed by the exact form. Every result lies within 1e-14
-// relative of the exact form's. Failure values are those of the exact form, and every point whose
-// result is not a finite normal number (infinity, not-a-number, zero, a subnormal; so every point
-// whose non-finite input carries into the result) is recomputed by the exact form and equals it bit
-// for bit. Models whose formula needs no exp, log or pow (Newtonian, constant density,
-// Spencer-Gilmore, Spencer-Gilmore-C, and the heat capacity and conductivity tables) give exactly
-// the exact form's results.
+// functions (exp of at most 1.0 ulp error, taken as exp2 of an exponent carried in two doubles
+// where the processor has a fused multiply-add; log of at most 3.5 ulp); a power a^b is exp(b ln a)
+// with b ln a carried in two doubles, and the tangent of the power-law Castro-Macosko model stays
+// the scalar one. The widest instruction set of the processor is chosen at run time (AVX-512, AVX2
+// with FMA, else SSE2); points left over after the last full vector are computed by the exact
+// form. Every result lies within 1e-14 relative of the exact form's. To keep that bound, points
+// are computed by the exact form where the vector error would grow past it: a power whose base is
+// not a positive normal number, whose value lies beyond e^+-700 or whose exponent exceeds 40 in
+// size, and a Tait compression 1 - C ln(1 + P/B) below 0.1 (the volume under a tenth of its
+// zero-pressure value, far beyond any pressure a moulding sees). Failure values are those of the
+// exact form, and every point whose result is not a finite normal number (infinity,
+// not-a-number, zero, a subnormal; so every point whose non-finite input carries into the result)
+// is recomputed by the exact form and equals it bit for bit. Models whose formula needs no exp,
+// log or pow (Newtonian, constant density, Spencer-Gilmore, Spencer-Gilmore-C, and the heat
+// capacity and conductivity tables) give exactly the exact form's results.
 //
 // Common contract of every batch call:
 // - count is the number of points. A count of 0 or below writes nothing and returns 0.

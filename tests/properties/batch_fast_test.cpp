@@ -18,6 +18,7 @@
 
 #include "properties/batch/instruction_sets.h"
 #include "properties/batch_cases.h"
+#include "support/fixture.h"
 
 namespace {
 
@@ -174,10 +175,136 @@ TEST_P(BatchFast, PowersHoldTheToleranceForLargeExponents) {
     }
 }
 
+TEST_P(BatchFast, ExponentialsHoldTheToleranceToTheEdgeOfOverflow) {
+    // B e^(Tb/T) g^0 = e^(Tb/T) with Tb/T from -745 (below the smallest subnormal) to past 709.78
+    // (overflow): the argument of the vector exp spans its whole range, where the rounding of
+    // y log2 e alone would cost 4e-14 if it were not carried.
+    const double Tb = 2.1e5;
+    std::vector<double> g, t;
+    for (double y = -745.3; y <= 710.5; y += 0.7312) {
+        if (std::fabs(y) < 1e-3) continue;
+        g.push_back(1.0);
+        t.push_back(Tb / y - 273.15);
+    }
+    for (double y : {709.78, 709.7, 709.0, -708.39, -708.4, -744.4})
+        g.push_back(1.0), t.push_back(Tb / y - 273.15);
+    const int n = static_cast<int>(t.size());
+    auto record = makeRecord();
+    setBlock(record->Vis, 2, {1.0, 1.0, Tb});
+    std::vector<double> fast(n), exact(n);
+    QrvGetViscosityNFast(record.get(), n, g.data(), t.data(), nullptr, nullptr, fast.data());
+    QrvGetViscosityN(record.get(), n, g.data(), t.data(), nullptr, nullptr, exact.data());
+    expectClose(fast, exact, "viscosity PowerLaw exp range");
+    int large = 0;
+    for (int i = 0; i < n; ++i)
+        large += finiteNormal(exact[i]) && std::fabs(std::log(exact[i])) > 600;
+    EXPECT_GT(large, 100);  // the grid reaches where the carried rounding matters
+}
+
+TEST_P(BatchFast, LargeExponentsHoldTheTolerance) {
+    // g^(n-1) with |n - 1| from 30 to 1000 and g near 1, so that b ln g stays within reach of the
+    // exp: the error of the log of the mantissa grows with |b|, past 1e-14 for |b| beyond 40.
+    std::vector<double> g, t;
+    for (double a = 0.5; a <= 2.0; a *= 1.0137) {
+        g.push_back(a);
+        t.push_back(100.0);
+    }
+    const int n = static_cast<int>(g.size());
+    for (double exponent : {-1000.0, -100.0, -41.0, -30.0, 30.0, 41.0, 100.0, 1000.0}) {
+        auto record = makeRecord();
+        setBlock(record->Vis, 2, {exponent + 1, 1.0, 0.0});
+        std::vector<double> fast(n), exact(n);
+        QrvGetViscosityNFast(record.get(), n, g.data(), t.data(), nullptr, nullptr, fast.data());
+        QrvGetViscosityN(record.get(), n, g.data(), t.data(), nullptr, nullptr, exact.data());
+        expectClose(fast, exact, "viscosity PowerLaw large exponents");
+    }
+}
+
+TEST_P(BatchFast, TaitFormsHoldTheToleranceUpToExtremeCompression) {
+    // Pressures from 0.1 MPa to 1e6 GPa: the compression 1 - C ln(1 + P/B) goes from 1 through 0
+    // (the volume vanishes) to negative values, where its relative error is the log's times
+    // C L/(1 - C L) in any evaluation.
+    std::vector<double> P, t, x;
+    for (double p = 1e6; p <= 1e19; p *= 1.083)
+        for (double temperature : {-50.0, 120.0, 175.0, 260.0})
+            P.push_back(p), t.push_back(temperature), x.push_back(0.3);
+    const int n = static_cast<int>(t.size());
+    for (const ModelCase& m : qrvtest::volumeCases()) {
+        auto record = recordWith(&QrvMaterial::PVT, m);
+        std::vector<double> fast(n), exact(n);
+        QrvGetSpecificVolumeNFast(record.get(), n, P.data(), t.data(), x.data(), fast.data());
+        QrvGetSpecificVolumeN(record.get(), n, P.data(), t.data(), x.data(), exact.data());
+        expectClose(fast, exact, "volume " + m.name + " compression");
+    }
+}
+
+TEST_P(BatchFast, PointsInMeshOrderTakeBothDomainsWholeVectorsAtATime) {
+    // A mesh numbers its cells in space, so whole vectors are melt or solid; the grids above are
+    // shuffled and nearly every vector mixes the two.
+    std::vector<double> P, t;
+    for (int i = 0; i < 1000; ++i) {
+        P.push_back(5e8);
+        t.push_back(20.0 + 0.28 * i);  // the transition at 5e8 is near 178.7 C
+    }
+    const int n = static_cast<int>(t.size());
+    auto record = recordWith(&QrvMaterial::PVT, qrvtest::volumeCases()[4]);
+    std::vector<double> fast(n), exact(n);
+    QrvGetSpecificVolumeNFast(record.get(), n, P.data(), t.data(), nullptr, fast.data());
+    QrvGetSpecificVolumeN(record.get(), n, P.data(), t.data(), nullptr, exact.data());
+    expectClose(fast, exact, "volume ModifiedTait2 ordered");
+}
+
+TEST_P(BatchFast, EveryModelMatchesTheHighPrecisionValues) {
+    // The values of tests/data/model_values.json, computed apart at 50 digits, each within its
+    // own tolerance (what a correct double evaluation may lose there) plus the fast forms' 1e-14.
+    const nlohmann::json values = qrvtest::readJson("model_values.json");
+    // Each point is its inputs in the order of `columns`, the value, then the tolerance.
+    struct Kind {
+        const char* name;
+        QrvMatParam QrvMaterial::*block;
+        std::vector<std::vector<double> Columns::*> columns;
+    };
+    const Kind kinds[] = {
+        {"viscosity", &QrvMaterial::Vis, {&Columns::g, &Columns::t, &Columns::P, &Columns::x}},
+        {"pvt", &QrvMaterial::PVT, {&Columns::P, &Columns::t, &Columns::x}},
+    };
+    int compared = 0;
+    for (const Kind& kind : kinds) {
+        for (const nlohmann::json& set : values.at(kind.name)) {
+            auto record = makeRecord();
+            const int model = set.at("model").get<int>();
+            setBlock((*record).*kind.block, model, set.at("para").get<std::vector<double>>());
+            const nlohmann::json& points = set.at("points");
+            const std::size_t inputs = kind.columns.size();
+            Columns c;
+            for (const nlohmann::json& p : points)
+                for (std::size_t k = 0; k < inputs; ++k)
+                    (c.*kind.columns[k]).push_back(p[k]);
+            std::vector<double> fast(c.size());
+            if (kind.block == &QrvMaterial::Vis) {
+                QrvGetViscosityNFast(record.get(), c.size(), c.g.data(), c.t.data(), c.P.data(),
+                                     c.x.data(), fast.data());
+            } else {
+                QrvGetSpecificVolumeNFast(record.get(), c.size(), c.P.data(), c.t.data(),
+                                          c.x.data(), fast.data());
+            }
+            for (int i = 0; i < c.size(); ++i) {
+                const double want = points[i][inputs], tolerance = points[i][inputs + 1];
+                EXPECT_LE(std::fabs(fast[i] - want), (tolerance + kTolerance) * std::fabs(want))
+                    << kind.name << " id " << model << " at " << points[i].dump() << ": got "
+                    << fast[i];
+                ++compared;
+            }
+        }
+    }
+    EXPECT_GT(compared, 2000);
+}
+
 TEST_P(BatchFast, VectorTailsWriteExactlyCountResults) {
     const Columns c = qrvtest::grid();
     const double canary = -12345.0;
-    for (int count : {0, 1, 3, 7, 8, 9, 1000}) {
+    // Around the vectors (2, 4, 8 doubles) and the chunks of 16 vectors the loops work in.
+    for (int count : {0, 1, 3, 7, 8, 9, 31, 32, 33, 63, 64, 65, 127, 128, 129, 1000}) {
         for (const ModelCase& m : {qrvtest::viscosityCases()[4], qrvtest::viscosityCases()[6]}) {
             auto record = recordWith(&QrvMaterial::Vis, m);
             std::vector<double> fast(count + 9, canary), exact(count, canary);

@@ -1,5 +1,5 @@
-// The vector forms on AVX2, four doubles wide (SLEEF's AVX2 functions also use FMA). This file
-// is compiled with -mavx2 (CMakeLists.txt) and only entered when the processor has AVX2 and FMA.
+// The vector forms on AVX2 with FMA, four doubles wide. This file is compiled with -mavx2 -mfma
+// (CMakeLists.txt) and only entered when the processor has both.
 #include <immintrin.h>
 #include <sleef.h>
 
@@ -11,8 +11,14 @@ namespace {
 
 struct Avx2Math {
     using V = __m256d;
-    static V exp(V v) { return Sleef_expd4_u10avx2(v); }
-    static V log(V v) { return Sleef_logd4_u10avx2(v); }
+    static constexpr bool kFused = true;
+    static V fms(V a, V b, V c) { return _mm256_fmsub_pd(a, b, c); }
+    static V exp2(V v) { return Sleef_exp2d4_u10avx2(v); }
+    static V log35(V v) { return Sleef_logd4_u35avx2(v); }
+    template <typename Mask>
+    static bool any(Mask m) {
+        return _mm256_movemask_pd(reinterpret_cast<__m256d>(m)) != 0;
+    }
 };
 
 }  // namespace

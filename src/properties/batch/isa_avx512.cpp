@@ -11,8 +11,15 @@ namespace {
 
 struct Avx512Math {
     using V = __m512d;
-    static V exp(V v) { return Sleef_expd8_u10avx512f(v); }
-    static V log(V v) { return Sleef_logd8_u10avx512f(v); }
+    static constexpr bool kFused = true;
+    static V fms(V a, V b, V c) { return _mm512_fmsub_pd(a, b, c); }
+    static V exp2(V v) { return Sleef_exp2d8_u10avx512f(v); }
+    static V log35(V v) { return Sleef_logd8_u35avx512f(v); }
+    template <typename Mask>
+    static bool any(Mask m) {
+        return _mm512_test_epi64_mask(reinterpret_cast<__m512i>(m), reinterpret_cast<__m512i>(m)) !=
+               0;
+    }
 };
 
 }  // namespace

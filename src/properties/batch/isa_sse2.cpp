@@ -11,8 +11,13 @@ namespace {
 
 struct Sse2Math {
     using V = __m128d;
+    static constexpr bool kFused = false;
     static V exp(V v) { return Sleef_expd2_u10sse2(v); }
-    static V log(V v) { return Sleef_logd2_u10sse2(v); }
+    static V log35(V v) { return Sleef_logd2_u35sse2(v); }
+    template <typename Mask>
+    static bool any(Mask m) {
+        return _mm_movemask_pd(reinterpret_cast<__m128d>(m)) != 0;
+    }
 };
 
 }  // namespace
