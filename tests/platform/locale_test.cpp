@@ -102,3 +102,45 @@ TEST(LocaleGuard, RestoresTheCallersCLibraryLocale) {
     EXPECT_EQ(std::string(std::setlocale(LC_ALL, nullptr)), before);
     std::setlocale(LC_ALL, "C");
 }
+
+// A caller whose C++ global locale is already the system's but whose C library locale is not
+// still gets the C library switched for the open, and both back afterwards.
+TEST(LocaleGuard, SwitchesTheCLibraryEvenWhenTheGlobalLocaleIsAlreadyTheSystems) {
+    EnvVar all("LC_ALL", "C.UTF-8");
+    std::locale system;
+    try {
+        system = std::locale("C.UTF-8");
+    } catch (const std::runtime_error&) {
+        GTEST_SKIP() << "no C.UTF-8 locale on this system";
+    }
+    std::locale::global(system);
+    std::setlocale(LC_ALL, "C");
+    {
+        qrv::LocaleGuard guard;
+        EXPECT_EQ(std::locale().name(), "C.UTF-8");
+        EXPECT_STREQ(std::setlocale(LC_ALL, nullptr), "C.UTF-8");
+    }
+    EXPECT_EQ(std::locale().name(), "C.UTF-8");
+    EXPECT_STREQ(std::setlocale(LC_ALL, nullptr), "C");
+    std::locale::global(std::locale::classic());
+}
+
+// A caller that runs under the system's locale altogether keeps it, during the guard and after.
+TEST(LocaleGuard, ACallerUnderTheSystemsLocaleKeepsIt) {
+    EnvVar all("LC_ALL", "C.UTF-8");
+    std::locale system;
+    try {
+        system = std::locale("C.UTF-8");
+    } catch (const std::runtime_error&) {
+        GTEST_SKIP() << "no C.UTF-8 locale on this system";
+    }
+    std::locale::global(system);
+    {
+        qrv::LocaleGuard guard;
+        EXPECT_EQ(std::locale().name(), "C.UTF-8");
+        EXPECT_STREQ(std::setlocale(LC_ALL, nullptr), "C.UTF-8");
+    }
+    EXPECT_EQ(std::locale().name(), "C.UTF-8");
+    EXPECT_STREQ(std::setlocale(LC_ALL, nullptr), "C.UTF-8");
+    std::locale::global(std::locale::classic());
+}
