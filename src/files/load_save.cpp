@@ -2,6 +2,8 @@
 // existing file, and which value each failure returns.
 #include <quorvalib/files.h>
 
+#include <algorithm>
+#include <array>
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
@@ -13,7 +15,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <string>
 
 #include "files/file_names.h"
 #include "formats/binary_stream.h"
@@ -48,14 +49,42 @@ MaterialPtr newMaterial() {
     return material;
 }
 
+// The bytes of a whole file. A material file is mostly a few KiB: those are held in place, so a
+// load asks the allocator for no buffer (a request of a KiB or more also makes the allocator tidy
+// its free lists first); a larger file goes to the heap.
+class FileBytes {
+public:
+    FileBytes() = default;
+    FileBytes(const FileBytes&) = delete;
+    FileBytes& operator=(const FileBytes&) = delete;
+
+    // Room for size bytes, their content undefined until read.
+    char* Allocate(std::size_t size) {
+        heap_.reset(size > inPlace_.size() ? new char[size] : nullptr);
+        size_ = size;
+        return data();
+    }
+    void ShrinkTo(std::size_t size) { size_ = std::min(size, size_); }
+
+    const char* data() const { return heap_ ? heap_.get() : inPlace_.data(); }
+    char* data() { return heap_ ? heap_.get() : inPlace_.data(); }
+    std::size_t size() const { return size_; }
+    bool empty() const { return size_ == 0; }
+
+private:
+    std::array<char, 4096> inPlace_;
+    std::unique_ptr<char[]> heap_;
+    std::size_t size_ = 0;
+};
+
 // The current form: the frame behind the lead word, read from the file's bytes in memory.
-QrvMaterial* loadCurrentForm(const std::string& bytes, bool isRIM) {
-    CQrvMemoryStream stream(bytes);
+QrvMaterial* loadCurrentForm(const FileBytes& bytes, bool isRIM) {
+    CQrvByteReader stream(bytes.data(), bytes.size());
     stream.Io().seekg(kFrameStart);
     std::unique_ptr<CQrvMatBase> object = qrv::readFrame(stream);
     if (!object) return nullptr;
     MaterialPtr material = newMaterial();
-    QrvMaterialFromStream(material.get(), object.get(), isRIM);
+    qrv::materialFromSpentObject(material.get(), object.get(), isRIM);
     return material.release();
 }
 
@@ -81,7 +110,7 @@ bool opensWithContent(const char* path) {
 // The bytes of a regular file, read whole through one open made under the locale guard. A load
 // is mostly system calls; this is one open, one size query and one read. False when the file
 // cannot be opened, is not a regular file or cannot be read.
-bool readWhole(const char* path, std::string& bytes) {
+bool readWhole(const char* path, FileBytes& bytes) {
     int descriptor = -1;
     {
         qrv::LocaleGuard guard;
@@ -91,25 +120,25 @@ bool readWhole(const char* path, std::string& bytes) {
     const std::unique_ptr<int, DescriptorCloser> closer(&descriptor);
     struct stat info {};
     if (::fstat(descriptor, &info) != 0 || !S_ISREG(info.st_mode)) return false;
-    bytes.resize(static_cast<std::size_t>(info.st_size));
+    char* const target = bytes.Allocate(static_cast<std::size_t>(info.st_size));
     std::size_t read = 0;
     while (read < bytes.size()) {
-        const ssize_t got = ::read(descriptor, &bytes[read], bytes.size() - read);
+        const ssize_t got = ::read(descriptor, target + read, bytes.size() - read);
         if (got < 0 && errno == EINTR) continue;
         if (got <= 0) break;
         read += static_cast<std::size_t>(got);
     }
-    bytes.resize(read);
+    bytes.ShrinkTo(read);
     return true;
 }
 
 // The first word, little-endian; 0 for a file shorter than it. Decoded in place: a stream object
 // for four bytes costs more than the rest of the frame's set-up.
-std::int32_t leadWordOf(const std::string& bytes) {
+std::int32_t leadWordOf(const FileBytes& bytes) {
     if (bytes.size() < kFrameStart) return 0;
     std::uint32_t word = 0;
     for (std::size_t i = 0; i < kFrameStart; ++i)
-        word |= static_cast<std::uint32_t>(static_cast<unsigned char>(bytes[i])) << (8 * i);
+        word |= static_cast<std::uint32_t>(static_cast<unsigned char>(bytes.data()[i])) << (8 * i);
     return static_cast<std::int32_t>(word);
 }
 
@@ -142,7 +171,7 @@ QrvMaterial* loadMaterial(const char* path, bool isRIM) {
     if (mapped && !opensWithContent(path)) return nullptr;
     const char* name = nullptr;
     if (!QrvMapFileName(path, &name)) return nullptr;
-    std::string bytes;
+    FileBytes bytes;
     const bool opened = readWhole(name, bytes);
     if (!mapped && bytes.empty()) return nullptr;
     // The word stays 0 when the file cannot be opened or is shorter, which sends the load to the

@@ -160,6 +160,48 @@ CQrvMemoryStream::CQrvMemoryStream() : MemoryBuffer(std::string()), CQrvBinarySt
 CQrvMemoryStream::CQrvMemoryStream(const std::string& bytes)
     : MemoryBuffer(bytes), CQrvBinaryStream(buffer) {}
 
+namespace qrv::detail {
+
+ByteView::ByteView(const char* bytes, std::size_t size) {
+    // The get area only ever reads: the bytes are not written through it.
+    char* begin = const_cast<char*>(bytes);
+    setg(begin, begin, begin + size);
+}
+
+ByteView::pos_type ByteView::seekoff(off_type offset, std::ios::seekdir direction,
+                                     std::ios::openmode which) {
+    if (!(which & std::ios::in)) return pos_type(off_type(-1));
+    const off_type size = egptr() - eback();
+    off_type base = 0;
+    if (direction == std::ios::cur)
+        base = gptr() - eback();
+    else if (direction == std::ios::end)
+        base = size;
+    // Checked without overflow: base lies in 0..size.
+    if (offset < -base || offset > size - base) return pos_type(off_type(-1));
+    setg(eback(), eback() + base + offset, egptr());
+    return pos_type(base + offset);
+}
+
+ByteView::pos_type ByteView::seekpos(pos_type position, std::ios::openmode which) {
+    return seekoff(off_type(position), std::ios::beg, which);
+}
+
+std::streamsize ByteView::xsgetn(char* target, std::streamsize count) {
+    const std::streamsize available = egptr() - gptr();
+    const std::streamsize taken = count < available ? count : available;
+    if (taken > 0) {
+        std::memcpy(target, gptr(), static_cast<std::size_t>(taken));
+        setg(eback(), gptr() + taken, egptr());
+    }
+    return taken;
+}
+
+}  // namespace qrv::detail
+
+CQrvByteReader::CQrvByteReader(const char* bytes, std::size_t size)
+    : ViewBuffer(bytes, size), CQrvBinaryStream(stream) {}
+
 CQrvFileStream::CQrvFileStream() : CQrvBinaryStream(file) {}
 
 CQrvFileStream::CQrvFileStream(const std::string& path, std::ios::openmode mode)

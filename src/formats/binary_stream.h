@@ -12,10 +12,13 @@
 #ifndef QRV_FORMATS_BINARY_STREAM_H
 #define QRV_FORMATS_BINARY_STREAM_H
 
+#include <cstddef>
 #include <cstdint>
 #include <fstream>
 #include <iosfwd>
+#include <istream>
 #include <sstream>
+#include <streambuf>
 #include <string>
 
 class CQrvBinaryStream {
@@ -71,6 +74,25 @@ struct MemoryBuffer {
 struct FileBuffer {
     std::fstream file;
 };
+
+// A read-only buffer over bytes that it does not own or copy: reads and seeks within them, no
+// writes (the put area stays empty, so a write fails the stream).
+class ByteView : public std::streambuf {
+public:
+    ByteView(const char* bytes, std::size_t size);
+
+protected:
+    pos_type seekoff(off_type offset, std::ios::seekdir direction,
+                     std::ios::openmode which) override;
+    pos_type seekpos(pos_type position, std::ios::openmode which) override;
+    std::streamsize xsgetn(char* target, std::streamsize count) override;
+};
+
+struct ViewBuffer {
+    ViewBuffer(const char* bytes, std::size_t size) : view(bytes, size), stream(&view) {}
+    ByteView view;
+    std::iostream stream;
+};
 }  // namespace qrv::detail
 
 // A stream over bytes held in memory: empty for writing, or over given bytes for reading.
@@ -80,6 +102,13 @@ public:
     explicit CQrvMemoryStream(const std::string& bytes);
 
     std::string Bytes() const { return buffer.str(); }
+};
+
+// A stream that reads bytes held elsewhere, without copying them: they must outlive it. For
+// reading a whole file's bytes once; writes fail.
+class CQrvByteReader : private qrv::detail::ViewBuffer, public CQrvBinaryStream {
+public:
+    CQrvByteReader(const char* bytes, std::size_t size);
 };
 
 // A stream over a file, opened in binary mode with the given mode added; or not yet opened, for

@@ -27,6 +27,11 @@ void QrvMaterialToStream(const QrvMaterial* material, CQrvMatBase* object, bool 
 
 namespace qrv {
 
+// QrvMaterialFromStream for an object that is dropped right after: the blocks' arrays move into the
+// record instead of being copied, and the object's blocks are left empty. The record comes out the
+// same.
+void materialFromSpentObject(QrvMaterial* material, CQrvMatBase* object, bool isRIM);
+
 // Texts of a record that came through a material object hold at most this many characters.
 constexpr int kStreamTextLimit = 511;
 

@@ -30,7 +30,12 @@ LocaleGuard::LocaleGuard() : saved_(std::locale()) {
     if (const char* c = std::setlocale(LC_ALL, nullptr)) savedC_ = c;
     CQRVLocale system;
     try {
-        std::locale::global(localeNamed(system.GetSystemDefaultLocale()));
+        const std::locale& target = localeNamed(system.GetSystemDefaultLocale());
+        // Already there: installing the same locale again would only repeat the C library's
+        // lookups, and putting back the same would repeat them once more.
+        if (saved_ == target && target.name() == savedC_) return;
+        std::locale::global(target);
+        switched_ = true;
     } catch (const std::runtime_error&) {
         // The name came from the system itself; should it still be refused, the open goes on
         // under the caller's locale.
@@ -38,8 +43,12 @@ LocaleGuard::LocaleGuard() : saved_(std::locale()) {
 }
 
 LocaleGuard::~LocaleGuard() {
+    if (!switched_) return;
     std::locale::global(saved_);
-    if (!savedC_.empty()) std::setlocale(LC_ALL, savedC_.c_str());
+    // A named locale put back as global has set the C library's locale to its own name; only a
+    // caller whose C library locale differs from that (or whose locale has no name) needs it set
+    // on its own.
+    if (!savedC_.empty() && saved_.name() != savedC_) std::setlocale(LC_ALL, savedC_.c_str());
 }
 
 }  // namespace qrv

@@ -8,14 +8,18 @@
 CQrvMatBase::CQrvMatBase(CQrvBinaryStream* stream, const QrvMatLayout& layout)
     : ObjType(layout.objType), Stream(stream), Layout(layout) {
     for (const QrvBodyItem& item : layout.body)
-        if (item.kind == QrvBodyItem::Block)
-            Blocks[static_cast<std::size_t>(item.tag)] = std::make_unique<CQrvMatParamBlock>();
+        if (item.kind == QrvBodyItem::Block) Carried[static_cast<std::size_t>(item.tag)] = true;
 }
 
 CQrvMatBase::~CQrvMatBase() = default;
 
-CQrvMatParamBlock* CQrvMatBase::block(int tag) const {
-    return tag >= 0 && tag < QRV_TAG_COUNT ? Blocks[static_cast<std::size_t>(tag)].get() : nullptr;
+CQrvMatParamBlock* CQrvMatBase::block(int tag) {
+    const auto index = static_cast<std::size_t>(tag);
+    return tag >= 0 && tag < QRV_TAG_COUNT && Carried[index] ? &Blocks[index] : nullptr;
+}
+
+const CQrvMatParamBlock* CQrvMatBase::block(int tag) const {
+    return const_cast<CQrvMatBase*>(this)->block(tag);
 }
 
 void CQrvMatBase::take(CQrvMatHeader::TextField field, std::string& text) {
@@ -114,6 +118,11 @@ double CQrvMatBase::GetParamValue(int tag, int index) {
 double* CQrvMatBase::GetParamArray(int tag) {
     const CQrvMatParamBlock* carried = block(tag);
     return carried ? carried->GetArray() : nullptr;
+}
+
+std::unique_ptr<double[]> CQrvMatBase::TakeParamArray(int tag) {
+    CQrvMatParamBlock* carried = block(tag);
+    return carried ? carried->TakeArray() : nullptr;
 }
 
 std::uint32_t CQrvMatBase::SectionSize(QrvBodyItem::Kind /*kind*/) const {

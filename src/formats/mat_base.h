@@ -114,6 +114,10 @@ public:
     // GetParamArray: null for another tag; otherwise the block's own array (null while empty).
     virtual double* GetParamArray(int tag);
 
+    // The block's array handed over, the block left with Count 0 and no array (for an object
+    // that is dropped right after); null for another tag or an empty block.
+    std::unique_ptr<double[]> TakeParamArray(int tag);
+
     void SetBodyVer(std::int32_t version) { BodyVer = version; }
     std::int32_t GetBodyVer() const { return BodyVer; }
     void SetTypeWord(std::int32_t word) { Header.TypeWord = word; }
@@ -147,7 +151,8 @@ protected:
     virtual void WriteSection(QrvBodyItem::Kind kind, CQrvBinaryStream& stream) const;
 
 private:
-    CQrvMatParamBlock* block(int tag) const;
+    CQrvMatParamBlock* block(int tag);
+    const CQrvMatParamBlock* block(int tag) const;
     void take(CQrvMatHeader::TextField field, std::string& text);
 
     std::int32_t ObjSize = 0;
@@ -156,7 +161,10 @@ private:
     CQrvBinaryStream* Stream;  // not owned; null for an object that is only written with WriteTo
     std::int32_t BodyVer = 0;
     const QrvMatLayout& Layout;
-    std::array<std::unique_ptr<CQrvMatParamBlock>, QRV_TAG_COUNT> Blocks;  // null: not carried
+    // Every tag's block in place (a load makes no allocation per block); only those the layout
+    // lists are carried.
+    std::array<CQrvMatParamBlock, QRV_TAG_COUNT> Blocks;
+    std::array<bool, QRV_TAG_COUNT> Carried{};
 };
 
 #endif

@@ -42,6 +42,11 @@ double CQrvMatParamBlock::GetValue(int index) const {
     return index >= 0 && index < Count && Para ? Para[index] : 0.0;
 }
 
+std::unique_ptr<double[]> CQrvMatParamBlock::TakeArray() {
+    Count = 0;
+    return std::move(Para);
+}
+
 std::uint32_t CQrvMatParamBlock::GetSize() const {
     return 12u + 8u * static_cast<std::uint32_t>(Count);
 }

@@ -25,6 +25,10 @@ public:
     // The block's own array: null until the first Set or Read, zero-length for a count of 0.
     double* GetArray() const { return Para.get(); }
 
+    // Hands the array (of Count values, or null) to the caller and leaves the block empty: Count
+    // 0 and no array. Source and Model stay.
+    std::unique_ptr<double[]> TakeArray();
+
     int GetCount() const { return Count; }
     std::uint32_t GetSize() const;  // Count taken as unsigned
 

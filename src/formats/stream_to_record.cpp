@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <iterator>
 #include <string>
+#include <string_view>
 
 #include "formats/conversions.h"
 #include "formats/version_gate.h"
@@ -93,7 +94,11 @@ void emptyBlock(QrvMatParam& block) {
     block.Para = nullptr;
 }
 
-void moveBlock(QrvMatParam& block, CQrvMatBase& object, int tag, Step step) {
+// How a block's values reach the record: copied, or the object's array itself, handed over by an
+// object that is dropped right after (the record ends the same either way).
+enum class Arrays { Copy, Take };
+
+void moveBlock(QrvMatParam& block, CQrvMatBase& object, int tag, Step step, Arrays arrays) {
     int source = 0, model = 0, count = 0;
     object.GetParamInfo(tag, &source, &model, &count);
     if (step == Step::GuardedClearing && count <= 0) {
@@ -106,6 +111,9 @@ void moveBlock(QrvMatParam& block, CQrvMatBase& object, int tag, Step step) {
     block.Para = nullptr;
     const bool withArray = step == Step::Full ? count >= 0 : count > 0;
     if (!withArray) return;
+    // The object's array holds exactly Count values (or is null, for a block never read); each
+    // tag is moved once.
+    if (arrays == Arrays::Take && (block.Para = object.TakeParamArray(tag).release())) return;
     block.Para = new double[count];
     for (int i = 0; i < count; ++i)
         block.Para[i] = object.GetParamValue(tag, i);
@@ -134,12 +142,12 @@ void takeCurves(Curves*& target, CQrvMatBase& object, void (CQrvMatBase::*get)(C
     }
 }
 
-void runStep(QrvMaterial& material, CQrvMatBase& object, const Move& move) {
+void runStep(QrvMaterial& material, CQrvMatBase& object, const Move& move, Arrays arrays) {
     switch (move.step) {
         case Step::Full:
         case Step::Guarded:
         case Step::GuardedClearing:
-            moveBlock(material.*move.block, object, move.tag, move.step);
+            moveBlock(material.*move.block, object, move.tag, move.step, arrays);
             break;
         case Step::Empty:
             emptyBlock(material.*move.block);
@@ -148,7 +156,7 @@ void runStep(QrvMaterial& material, CQrvMatBase& object, const Move& move) {
             QrvBuildMechBlocks(&material);
             break;
         case Step::Density:
-            parseDensity(material, object.GetComment());
+            parseDensity(material, object.GetHeader().Texts[CQrvMatHeader::Comment]);
             break;
         case Step::RawCurves:
             takeCurves(material.VisRaw, object, &CQrvMatBase::GetVisRaw);
@@ -161,14 +169,14 @@ void runStep(QrvMaterial& material, CQrvMatBase& object, const Move& move) {
     }
 }
 
-// As through the old 512-byte buffer: at most 511 characters.
+// As through the old 512-byte buffer: at most 511 characters. (A header text holds no NUL.)
 char* boundedText(const std::string& text) {
+    if (text.size() <= static_cast<std::size_t>(qrv::kStreamTextLimit))
+        return qrv::newText(text.c_str());
     return qrv::newText(text.substr(0, qrv::kStreamTextLimit).c_str());
 }
 
-}  // namespace
-
-void QrvMaterialFromStream(QrvMaterial* material, CQrvMatBase* object, bool isRIM) {
+void fromObject(QrvMaterial* material, CQrvMatBase* object, bool isRIM, Arrays arrays) {
     if (!material || !object) return;
     const std::int32_t bodyVer = object->GetBodyVer();
     material->FileType = QRV_TYPE_THERMOPLASTIC;
@@ -176,8 +184,9 @@ void QrvMaterialFromStream(QrvMaterial* material, CQrvMatBase* object, bool isRI
     material->MeasureDate = object->GetDateWord();
     material->LastEditDate = 0;
 
-    const std::string polymer = object->GetPolymer().substr(0, qrv::kStreamTextLimit);
-    material->Polymer = qrv::newText(polymer.c_str());
+    const auto& texts = object->GetHeader().Texts;
+    material->Polymer = boundedText(texts[CQrvMatHeader::Polymer]);
+    const std::string_view polymer = material->Polymer;
     material->FileType = object->GetTypeWord();
     if (isRIM) {
         if (material->FileType == 0) material->FileType = QRV_TYPE_THERMOSET;
@@ -186,13 +195,27 @@ void QrvMaterialFromStream(QrvMaterial* material, CQrvMatBase* object, bool isRI
     } else if (polymer == "Coolant") {
         material->FileType = QRV_TYPE_COOLANT;
     }
-    material->Producer = boundedText(object->GetProducer());
-    material->GradeName = boundedText(object->GetGradeName());
-    material->Comment = boundedText(object->GetComment());
+    material->Producer = boundedText(texts[CQrvMatHeader::Producer]);
+    material->GradeName = boundedText(texts[CQrvMatHeader::GradeName]);
+    material->Comment = boundedText(texts[CQrvMatHeader::Comment]);
 
     const std::int32_t objType = object->GetObjType();
     if (objType < 0 || objType >= static_cast<std::int32_t>(std::size(kByObjType))) return;
     const ClassMoves& moves = kByObjType[objType];
     for (const Move* move = moves.begin; move != moves.end; ++move)
-        if (move->gate.Holds(bodyVer)) runStep(*material, *object, *move);
+        if (move->gate.Holds(bodyVer)) runStep(*material, *object, *move, arrays);
 }
+
+}  // namespace
+
+void QrvMaterialFromStream(QrvMaterial* material, CQrvMatBase* object, bool isRIM) {
+    fromObject(material, object, isRIM, Arrays::Copy);
+}
+
+namespace qrv {
+
+void materialFromSpentObject(QrvMaterial* material, CQrvMatBase* object, bool isRIM) {
+    fromObject(material, object, isRIM, Arrays::Take);
+}
+
+}  // namespace qrv

@@ -89,10 +89,12 @@ void CQrvMTCList::AddRecords(const QRV_MTC* records, int count) {
 bool CQrvMTCList::CopyTo(CQrvMTCList* destination) const {
     if (!destination) return false;
     std::vector<qrv::MTCRecordPtr> copies;
+    copies.reserve(Records.size());
     for (const auto& record : Records)
         copies.push_back(qrv::copyMTCRecord(*record));
     destination->Version = Version;
     destination->Clear();
+    destination->Records.reserve(copies.size());
     for (auto& copy : copies)
         qrv::checkedAppend(destination->Records, std::move(copy));
     return true;

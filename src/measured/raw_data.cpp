@@ -74,6 +74,8 @@ bool CQrvMatRawData::CopyTo(CQrvMatRawData* destination) const {
     destination->Source = Source;
     destination->FitError = FitError;
     destination->MeasureStandard = MeasureStandard;
+    // The source holds no more curves than the limit allows, so reserving them cannot fail.
+    destination->Curves.reserve(Curves.size());
     for (const QrvRawCurve& curve : Curves)
         qrv::checkedAppend(destination->Curves, curve);
     return true;

@@ -7,11 +7,15 @@
 #include <quorvalib/measured.h>
 
 #include <filesystem>
+#include <iterator>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "formats/bank_stream.h"
+#include "formats/binary_stream.h"
 #include "formats/conversions.h"
+#include "formats/mat_factory.h"
 #include "record/material_internal.h"
 #include "support/fixture.h"
 #include "support/material_ptr.h"
@@ -48,6 +52,77 @@ std::int32_t wordAt(const std::string& bytes, std::size_t offset) {
         value =
             value << 8 | static_cast<unsigned char>(bytes[offset + static_cast<std::size_t>(i)]);
     return static_cast<std::int32_t>(value);
+}
+
+// Two records hold the same: header fields, texts, every block (with the same null or non-null
+// array), the measured curves and the MTC records.
+void expectSameRawData(CQrvMatRawData* a, CQrvMatRawData* b, const char* field) {
+    SCOPED_TRACE(field);
+    ASSERT_EQ(a == nullptr, b == nullptr);
+    if (!a) return;
+    EXPECT_EQ(a->GetSource(), b->GetSource());
+    EXPECT_EQ(a->GetFitError(), b->GetFitError());
+    EXPECT_EQ(a->GetMeasureStandard(), b->GetMeasureStandard());
+    ASSERT_EQ(a->GetCurveCount(), b->GetCurveCount());
+    for (int c = 0; c < a->GetCurveCount(); ++c) {
+        double conditionA = 0, conditionB = 0;
+        int pointsA = -1, pointsB = -2;
+        double *xA = nullptr, *yA = nullptr, *xB = nullptr, *yB = nullptr;
+        ASSERT_TRUE(a->GetCurve(c, conditionA, pointsA, xA, yA));
+        ASSERT_TRUE(b->GetCurve(c, conditionB, pointsB, xB, yB));
+        EXPECT_EQ(conditionA, conditionB);
+        ASSERT_EQ(pointsA, pointsB);
+        for (int i = 0; i < pointsA; ++i) {
+            EXPECT_EQ(xA[i], xB[i]);
+            EXPECT_EQ(yA[i], yB[i]);
+        }
+    }
+}
+
+void expectSameRecord(QrvMaterial& a, QrvMaterial& b) {
+    EXPECT_EQ(a.FileType, b.FileType);
+    EXPECT_EQ(a.FileVer, b.FileVer);
+    EXPECT_EQ(a.LastEditDate, b.LastEditDate);
+    EXPECT_EQ(a.MeasureDate, b.MeasureDate);
+    for (auto text : qrv::kTexts) {
+        ASSERT_EQ(a.*text == nullptr, b.*text == nullptr);
+        if (a.*text) {
+            EXPECT_STREQ(a.*text, b.*text);
+        }
+    }
+    for (auto member : qrv::kBlocks) {
+        const QrvMatParam& x = a.*member;
+        const QrvMatParam& y = b.*member;
+        EXPECT_EQ(x.Source, y.Source);
+        EXPECT_EQ(x.Model, y.Model);
+        ASSERT_EQ(x.Count, y.Count);
+        ASSERT_EQ(x.Para == nullptr, y.Para == nullptr);
+        for (int i = 0; x.Para && i < x.Count; ++i)
+            EXPECT_EQ(x.Para[i], y.Para[i]) << i;
+    }
+    expectSameRawData(a.VisRaw, b.VisRaw, "VisRaw");
+    expectSameRawData(a.PVTRaw, b.PVTRaw, "PVTRaw");
+    ASSERT_EQ(a.MTC == nullptr, b.MTC == nullptr);
+    if (!a.MTC) return;
+    int versionA = -1, countA = -1, versionB = -2, countB = -2;
+    QrvGetMTCInfo(&a, versionA, countA);
+    QrvGetMTCInfo(&b, versionB, countB);
+    EXPECT_EQ(versionA, versionB);
+    ASSERT_EQ(countA, countB);
+    for (int r = 0; r < countA; ++r) {
+        const QRV_MTC* x = QrvGetMTCData(&a, r);
+        const QRV_MTC* y = QrvGetMTCData(&b, r);
+        EXPECT_EQ(x->Version, y->Version);
+        EXPECT_EQ(x->SecurityLevel, y->SecurityLevel);
+        ASSERT_EQ(x->SectionCount, y->SectionCount);
+        for (int i = 0; i < x->SectionCount; ++i) {
+            EXPECT_EQ(x->Sections[i].ModelId, y->Sections[i].ModelId);
+            EXPECT_EQ(x->Sections[i].MaxParameterNum, y->Sections[i].MaxParameterNum);
+            for (std::size_t k = 0; k < std::size(x->Sections[i].Parameters); ++k)
+                EXPECT_EQ(x->Sections[i].Parameters[k], y->Sections[i].Parameters[k]) << k;
+            EXPECT_EQ(x->IntervalTemperature[i], y->IntervalTemperature[i]);
+        }
+    }
 }
 
 }  // namespace
@@ -200,6 +275,48 @@ TEST(SampleFiles, EveryTruncationLoadsSafely) {
             ASSERT_NE(material, nullptr) << length;
             ASSERT_EQ(material->FileVer, length >= 16 ? bodyVer : 0) << length;
             ASSERT_NE(material->Polymer, nullptr) << length;
+        }
+    }
+}
+
+// A load hands the arrays of the object it has just read to the record instead of copying them.
+// For every sample and every length it could be cut to, that gives the record the copying
+// conversion gives from the same frame, and leaves the object's blocks empty.
+TEST(SampleFiles, TakingTheObjectsArraysGivesTheRecordThatCopyingGives) {
+    constexpr int kTags = 12;
+    for (const SampleFile& sample : kSamples) {
+        const std::string name = sample.file;
+        if (name == "sample_legacy.mtr") continue;
+        SCOPED_TRACE(name);
+        const std::string bytes = sampleBytes(name);
+        const bool rim = QrvIsRIM(name.c_str());
+        for (std::size_t length = bytes.size(); length > 4; --length) {
+            SCOPED_TRACE(length);
+            CQrvByteReader first(bytes.data() + 4, length - 4);
+            CQrvByteReader second(bytes.data() + 4, length - 4);
+            std::unique_ptr<CQrvMatBase> copied = qrv::readFrame(first);
+            std::unique_ptr<CQrvMatBase> taken = qrv::readFrame(second);
+            ASSERT_EQ(copied == nullptr, taken == nullptr);
+            if (!copied) continue;
+            auto a = adopt(new QrvMaterial);
+            auto b = adopt(new QrvMaterial);
+            QrvInitMaterial(a.get());
+            QrvInitMaterial(b.get());
+            QrvMaterialFromStream(a.get(), copied.get(), rim);
+            qrv::materialFromSpentObject(b.get(), taken.get(), rim);
+            expectSameRecord(*a, *b);
+            if (length != bytes.size()) continue;
+            // The whole frame: every block that reached the record with values was taken.
+            int left = 0, kept = 0;
+            for (int tag = 0; tag < kTags; ++tag) {
+                int count = 0;
+                taken->GetParamInfo(tag, nullptr, nullptr, &count);
+                left += count;
+                copied->GetParamInfo(tag, nullptr, nullptr, &count);
+                kept += count;
+            }
+            EXPECT_EQ(left, 0);
+            EXPECT_GT(kept, 0);
         }
     }
 }

@@ -156,3 +156,66 @@ TEST(BinaryStream, FileStreamWritesAndReads) {
     EXPECT_FALSE(missing.ReadInt(lead));
     EXPECT_EQ(lead, 9051);
 }
+
+// The reader over bytes held elsewhere reads what the same bytes hold in a memory stream, seeks
+// within them and measures what is left, and fails past their end without reading beyond it.
+TEST(ByteReader, ReadsSeeksAndEndsLikeAMemoryStream) {
+    const std::string bytes = Bytes().word(9051).real(-2.5).text("PP").word(7).str();
+    ASSERT_EQ(bytes.size(), 22u);
+    CQrvByteReader in(bytes.data(), bytes.size());
+    std::int32_t lead = 0;
+    double real = 0.0;
+    std::string text;
+    EXPECT_EQ(in.BytesLeft(), 22u);
+    EXPECT_TRUE(in.ReadInt(lead));
+    EXPECT_EQ(lead, 9051);
+    EXPECT_TRUE(in.ReadDouble(real));
+    EXPECT_EQ(real, -2.5);
+    EXPECT_EQ(in.BytesLeft(), 10u);
+    EXPECT_TRUE(in.ReadText(text));
+    EXPECT_EQ(text, "PP");
+    // Back to the real and on again: the offsets are those of the bytes.
+    in.Io().seekg(4);
+    EXPECT_EQ(in.Io().tellg(), std::streampos(4));
+    EXPECT_TRUE(in.ReadDouble(real));
+    EXPECT_EQ(real, -2.5);
+    in.Io().seekg(-4, std::ios::end);
+    std::int32_t last = 0;
+    EXPECT_TRUE(in.ReadInt(last));
+    EXPECT_EQ(last, 7);
+    EXPECT_EQ(in.BytesLeft(), 0u);
+    EXPECT_FALSE(in.ReadInt(last));  // at the end
+    EXPECT_EQ(last, 7);
+    EXPECT_TRUE(in.Failed());
+}
+
+TEST(ByteReader, SeeksOutsideTheBytesFailAndACountMustFitThem) {
+    const std::string bytes = Bytes().word(3).raw("ABC").str();
+    CQrvByteReader before(bytes.data(), bytes.size());
+    before.Io().seekg(-1);
+    EXPECT_TRUE(before.Failed());
+    CQrvByteReader beyond(bytes.data(), bytes.size());
+    beyond.Io().seekg(8);
+    EXPECT_TRUE(beyond.Failed());
+    CQrvByteReader atEnd(bytes.data(), bytes.size());
+    atEnd.Io().seekg(7);  // the end itself is a place
+    EXPECT_FALSE(atEnd.Failed());
+    EXPECT_EQ(atEnd.BytesLeft(), 0u);
+
+    // Only the first five bytes are the reader's: a text of 3 does not fit in the 1 left.
+    CQrvByteReader cut(bytes.data(), 5);
+    std::string text = "kept";
+    EXPECT_FALSE(cut.ReadText(text));
+    EXPECT_EQ(text, "kept");
+    CQrvByteReader whole(bytes.data(), bytes.size());
+    EXPECT_TRUE(whole.ReadText(text));
+    EXPECT_EQ(text, "ABC");
+}
+
+TEST(ByteReader, WritesFailAndLeaveTheBytesAlone) {
+    const std::string bytes = Bytes().word(1).str();
+    CQrvByteReader in(bytes.data(), bytes.size());
+    in.WriteInt(2);
+    EXPECT_TRUE(in.Failed());
+    EXPECT_EQ(bytes, Bytes().word(1).str());
+}

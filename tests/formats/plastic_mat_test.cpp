@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <memory>
 #include <new>
 #include <stdexcept>
 #include <string>
@@ -282,6 +283,29 @@ TEST(PlasticMat, CarriedTagSemantics) {
     EXPECT_EQ(count, 2);
     object.GetParamInfo(0, nullptr, &model, nullptr);  // null outputs are skipped
     EXPECT_EQ(model, 4);
+}
+
+// Taking a block's array hands over the very array that was set, with its values, and leaves the
+// block empty but for its source and model; a tag the class does not carry gives nothing.
+TEST(PlasticMat, TakingAnArrayEmptiesTheBlock) {
+    CQrvPlasticMat object(nullptr);
+    const double values[] = {1.5, 2.5};
+    object.SetParam(6, 3, 4, 2, values);
+    const double* own = object.GetParamArray(6);
+    std::unique_ptr<double[]> taken = object.TakeParamArray(6);
+    ASSERT_EQ(taken.get(), own);
+    EXPECT_EQ(taken[0], 1.5);
+    EXPECT_EQ(taken[1], 2.5);
+    int source = 0, model = 0, count = -1;
+    object.GetParamInfo(6, &source, &model, &count);
+    EXPECT_EQ(source, 3);
+    EXPECT_EQ(model, 4);
+    EXPECT_EQ(count, 0);
+    EXPECT_EQ(object.GetParamArray(6), nullptr);
+    EXPECT_EQ(object.GetParamValue(6, 0), 0.0);
+    EXPECT_EQ(object.TakeParamArray(6), nullptr);  // nothing left to take
+    EXPECT_EQ(object.TakeParamArray(5), nullptr);  // KN is not a thermoplastic's
+    EXPECT_EQ(object.TakeParamArray(12), nullptr);
 }
 
 TEST(PlasticMat, TextSettersTakeTheString) {

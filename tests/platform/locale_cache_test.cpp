@@ -4,7 +4,9 @@
 
 #include <cstdlib>
 #include <locale>
+#include <memory>
 #include <string>
+#include <vector>
 
 #include "formats/locale_guard.h"
 #include "locale/qrv_locale.h"
@@ -76,4 +78,29 @@ TEST(SystemLocaleCache, FollowsEveryChangeOfTheEnvironment) {
     setenv("LC_ALL", "xx_NOWHERE.UTF-99", 1);
     EXPECT_STREQ(locale.GetSystemDefaultLocale(), "C");
     EXPECT_EQ(std::locale().name(), "C");
+}
+
+// Only a variable of exactly the name counts: LANGUAGE, which stands before LANG in the
+// environment here, is not LANG, so a change of LANG is seen.
+TEST(SystemLocaleCache, AVariableWhoseNameOnlyBeginsAlikeIsNotTaken) {
+    if (!systemHas("C.UTF-8")) GTEST_SKIP() << "no C.UTF-8 locale on this system";
+    std::locale::global(std::locale::classic());
+    const char* categories[] = {"LC_ALL",           "LC_CTYPE",    "LC_NUMERIC",   "LC_TIME",
+                                "LC_COLLATE",       "LC_MONETARY", "LC_MESSAGES",  "LC_PAPER",
+                                "LC_NAME",          "LC_ADDRESS",  "LC_TELEPHONE", "LC_MEASUREMENT",
+                                "LC_IDENTIFICATION"};
+    std::vector<std::unique_ptr<Variable>> unset;
+    for (const char* name : categories)
+        unset.push_back(std::make_unique<Variable>(name, nullptr));
+    Variable noLang("LANG", nullptr);
+    Variable language("LANGUAGE", "C.UTF-8");  // ahead of LANG from here on
+    Variable lang("LANG", "C");
+    Variable allx("LC_ALLX", "C.UTF-8");
+    CQRVLocale locale;
+    EXPECT_STREQ(locale.GetSystemDefaultLocale(), "C");
+    setenv("LANG", "C.UTF-8", 1);
+    EXPECT_STREQ(locale.GetSystemDefaultLocale(), "C.UTF-8");
+    EXPECT_EQ(guardedName(), "C.UTF-8");
+    setenv("LANG", "C", 1);
+    EXPECT_STREQ(locale.GetSystemDefaultLocale(), "C");
 }

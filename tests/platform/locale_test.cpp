@@ -102,3 +102,61 @@ TEST(LocaleGuard, RestoresTheCallersCLibraryLocale) {
     EXPECT_EQ(std::string(std::setlocale(LC_ALL, nullptr)), before);
     std::setlocale(LC_ALL, "C");
 }
+
+namespace {
+
+// Makes the locale of that name the C++ global one, which sets the C library's too; false when
+// the system lacks it.
+bool makeGlobal(const char* name) {
+    try {
+        std::locale::global(std::locale(name));
+        return true;
+    } catch (const std::runtime_error&) {
+        return false;
+    }
+}
+
+// The names of the C++ global locale and of the C library's, during a guard and after it.
+struct GuardedNames {
+    std::string during, duringC, after, afterC;
+};
+
+GuardedNames namesAroundAGuard() {
+    GuardedNames names;
+    {
+        qrv::LocaleGuard guard;
+        names.during = std::locale().name();
+        names.duringC = std::setlocale(LC_ALL, nullptr);
+    }
+    names.after = std::locale().name();
+    names.afterC = std::setlocale(LC_ALL, nullptr);
+    return names;
+}
+
+}  // namespace
+
+// A caller whose C++ global locale is already the system's but whose C library locale is not
+// still gets the C library switched for the open, and both back afterwards.
+TEST(LocaleGuard, SwitchesTheCLibraryEvenWhenTheGlobalLocaleIsAlreadyTheSystems) {
+    EnvVar all("LC_ALL", "C.UTF-8");
+    if (!makeGlobal("C.UTF-8")) GTEST_SKIP() << "no C.UTF-8 locale on this system";
+    std::setlocale(LC_ALL, "C");
+    const GuardedNames names = namesAroundAGuard();
+    EXPECT_EQ(names.during, "C.UTF-8");
+    EXPECT_EQ(names.duringC, "C.UTF-8");
+    EXPECT_EQ(names.after, "C.UTF-8");
+    EXPECT_EQ(names.afterC, "C");
+    std::locale::global(std::locale::classic());
+}
+
+// A caller that runs under the system's locale altogether keeps it, during the guard and after.
+TEST(LocaleGuard, ACallerUnderTheSystemsLocaleKeepsIt) {
+    EnvVar all("LC_ALL", "C.UTF-8");
+    if (!makeGlobal("C.UTF-8")) GTEST_SKIP() << "no C.UTF-8 locale on this system";
+    const GuardedNames names = namesAroundAGuard();
+    EXPECT_EQ(names.during, "C.UTF-8");
+    EXPECT_EQ(names.duringC, "C.UTF-8");
+    EXPECT_EQ(names.after, "C.UTF-8");
+    EXPECT_EQ(names.afterC, "C.UTF-8");
+    std::locale::global(std::locale::classic());
+}
