@@ -91,6 +91,7 @@ void roundTrip(const char* name, const std::string& input, int inputClass, Load 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    qrvfuzz::useSystemLocale();
     const std::string plastic = folder() + "input.mtr";
     const std::string thermoset = folder() + "input.mtx";
     write(plastic, data, size);

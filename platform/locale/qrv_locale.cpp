@@ -1,6 +1,9 @@
 #include "locale/qrv_locale.h"
 
+#include <unistd.h>
+
 #include <cstdlib>
+#include <cstring>
 #include <locale>
 #include <stdexcept>
 #include <string>
@@ -14,13 +17,27 @@ constexpr const char* kLocaleVariables[] = {
     "LC_MONETARY",  "LC_MESSAGES",    "LC_PAPER",          "LC_NAME", "LC_ADDRESS",
     "LC_TELEPHONE", "LC_MEASUREMENT", "LC_IDENTIFICATION", "LANG"};
 
-// The values of those variables, an unset one told apart from an empty one.
+bool isLocaleVariable(const char* entry, const char* equals) {
+    const std::size_t length = static_cast<std::size_t>(equals - entry);
+    for (const char* variable : kLocaleVariables)
+        if (std::strlen(variable) == length && std::strncmp(entry, variable, length) == 0)
+            return true;
+    return false;
+}
+
+// Those variables as they stand in the environment, names and values, in one pass over it (every
+// material file open asks, and a getenv per variable would pass over the environment 14 times).
+// The same variables in another order give another key, and so only a needless new lookup.
 std::string environmentKey() {
     std::string key;
-    for (const char* variable : kLocaleVariables) {
-        const char* value = std::getenv(variable);
-        key += value ? value : "\x01";
-        key += '\0';
+    for (char** entry = environ; entry && *entry; ++entry) {
+        const char* text = *entry;
+        if (text[0] != 'L') continue;
+        const char* equals = std::strchr(text, '=');
+        if (equals && isLocaleVariable(text, equals)) {
+            key += text;
+            key += '\0';
+        }
     }
     return key;
 }

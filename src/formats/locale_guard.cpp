@@ -27,17 +27,27 @@ const std::locale& localeNamed(const char* name) {
 namespace qrv {
 
 LocaleGuard::LocaleGuard() : saved_(std::locale()) {
-    if (const char* c = std::setlocale(LC_ALL, nullptr)) savedC_ = c;
     CQRVLocale system;
+    const std::locale* wanted = nullptr;
     try {
-        std::locale::global(localeNamed(system.GetSystemDefaultLocale()));
+        wanted = &localeNamed(system.GetSystemDefaultLocale());
     } catch (const std::runtime_error&) {
         // The name came from the system itself; should it still be refused, the open goes on
         // under the caller's locale.
+        return;
     }
+    const char* c = std::setlocale(LC_ALL, nullptr);
+    // A caller that runs under the default locale already (most programs set it at start) has
+    // nothing to switch and nothing to put back: installing a named locale costs a search of
+    // the system's locale data, twice per open.
+    if (saved_ == *wanted && c && wanted->name() == c) return;
+    if (c) savedC_ = c;
+    std::locale::global(*wanted);
+    switched_ = true;
 }
 
 LocaleGuard::~LocaleGuard() {
+    if (!switched_) return;
     std::locale::global(saved_);
     if (!savedC_.empty()) std::setlocale(LC_ALL, savedC_.c_str());
 }
