@@ -18,27 +18,28 @@ ErrorSilence::~ErrorSilence() {
 
 namespace {
 
+// A failed HDF5 call answers an invalid id, and every later call on that id fails in turn (HDF5's
+// error printing is off during a store operation): so a chain of calls that can fail only when
+// HDF5 itself does is checked once, at its last call, with the same result as a check per call.
 int writeAttribute(hid_t object, const std::string& name, hid_t fileType, hid_t memoryType,
                    const void* value) {
-    if (H5Aexists(object, name.c_str()) > 0 && H5Adelete(object, name.c_str()) < 0) return -1;
+    // An old attribute that cannot be deleted makes the create below fail.
+    if (H5Aexists(object, name.c_str()) > 0) H5Adelete(object, name.c_str());
     H5Space space(H5Screate(H5S_SCALAR));
-    if (!space) return -1;
     H5Attribute attribute(
         H5Acreate2(object, name.c_str(), fileType, space.get(), H5P_DEFAULT, H5P_DEFAULT));
-    if (!attribute) return -1;
     return H5Awrite(attribute.get(), memoryType, value) < 0 ? -1 : 0;
 }
 
-// The attribute when it holds exactly one value of the given class; an invalid handle otherwise.
+// The attribute when it holds exactly one value of the given class; an invalid handle otherwise
+// (a failed open gives no space and no class, and so fails the same tests).
 H5Attribute openSingle(hid_t object, const std::string& name, H5T_class_t wanted,
                        H5Type* storedType) {
     if (H5Aexists(object, name.c_str()) <= 0) return H5Attribute();
     H5Attribute attribute(H5Aopen(object, name.c_str(), H5P_DEFAULT));
-    if (!attribute) return H5Attribute();
     H5Space space(H5Aget_space(attribute.get()));
     H5Type type(H5Aget_type(attribute.get()));
-    if (!space || !type || H5Sget_simple_extent_npoints(space.get()) != 1 ||
-        H5Tget_class(type.get()) != wanted)
+    if (H5Sget_simple_extent_npoints(space.get()) != 1 || H5Tget_class(type.get()) != wanted)
         return H5Attribute();
     *storedType = std::move(type);
     return attribute;
@@ -66,13 +67,19 @@ int writeScalarAttribute(hid_t object, const std::string& name, double value) {
     return writeAttribute(object, name, H5T_IEEE_F64LE, H5T_NATIVE_DOUBLE, &value);
 }
 
+H5Type textType(size_t length) {
+    H5Type type(H5Tcopy(H5T_C_S1));
+    H5Tset_strpad(type.get(),
+                  H5T_STR_NULLTERM);  // fails only without a copy, as the size then does
+    if (H5Tset_size(type.get(), length) < 0) return H5Type();  // a length of 0 included
+    return type;
+}
+
 int writeScalarAttribute(hid_t object, const std::string& name, const char* value) {
     if (!value) return -1;
     // A fixed-length text with its terminator, so that an empty text has a size of 1 too.
-    H5Type type(H5Tcopy(H5T_C_S1));
-    if (!type || H5Tset_size(type.get(), std::strlen(value) + 1) < 0 ||
-        H5Tset_strpad(type.get(), H5T_STR_NULLTERM) < 0)
-        return -1;
+    H5Type type = textType(std::strlen(value) + 1);
+    if (!type) return -1;
     return writeAttribute(object, name, type.get(), type.get(), value);
 }
 
@@ -90,11 +97,8 @@ int readScalarAttribute(hid_t object, const std::string& name, std::string* valu
     H5Attribute attribute = openSingle(object, name, H5T_STRING, &stored);
     if (!attribute) return -1;
     if (H5Tis_variable_str(stored.get()) > 0) {
-        H5Type memory(H5Tcopy(H5T_C_S1));
         char* text = nullptr;
-        if (!memory || H5Tset_size(memory.get(), H5T_VARIABLE) < 0 ||
-            H5Aread(attribute.get(), memory.get(), &text) < 0)
-            return -1;
+        if (H5Aread(attribute.get(), textType(H5T_VARIABLE).get(), &text) < 0) return -1;
         value->assign(text ? text : "");
         H5free_memory(text);
         return 0;

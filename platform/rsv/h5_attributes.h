@@ -7,6 +7,8 @@
 
 #include <string>
 
+#include "rsv/h5_handle.h"
+
 namespace QRV3DRSVExTool {
 
 // HDF5 prints its error stack on stderr by default. Each store operation turns that off for its
@@ -28,6 +30,10 @@ private:
 int writeScalarAttribute(hid_t object, const std::string& name, int value);
 int writeScalarAttribute(hid_t object, const std::string& name, double value);
 int writeScalarAttribute(hid_t object, const std::string& name, const char* value);
+
+// A C text type of length bytes (H5T_VARIABLE for texts of any length), zero-terminated; an
+// invalid handle when HDF5 refuses it.
+H5Type textType(size_t length);
 
 // Reads an attribute that holds exactly one value of the matching class: 0, or -1 with the output
 // untouched.

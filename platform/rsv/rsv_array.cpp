@@ -13,9 +13,9 @@ H5Type codeType(int code) {
     return H5Type();
 }
 
+// Negative when HDF5 fails: a failed H5Dget_space leaves nothing to count.
 hssize_t elementCount(hid_t dataset) {
-    H5Space space(H5Dget_space(dataset));
-    return space ? H5Sget_simple_extent_npoints(space.get()) : -1;
+    return H5Sget_simple_extent_npoints(H5Space(H5Dget_space(dataset)).get());
 }
 
 }  // namespace
@@ -36,9 +36,9 @@ CRSVArray* CRSVTool::CreateArray(CRSVGroup* group, const std::string& name, int 
         if (!built || !built->Complete) return nullptr;
         memoryType = H5Type(H5Tcopy(built->Type.get()));
     }
+    // A type or space HDF5 failed to make fails the create.
     const hsize_t dimensions[2] = {rows, columns};
     H5Space space(H5Screate_simple(2, dimensions, nullptr));
-    if (!memoryType || !space) return nullptr;
     H5Dataset dataset(H5Dcreate2(group->ObjectId(), name.c_str(), memoryType.get(), space.get(),
                                  H5P_DEFAULT, H5P_DEFAULT, H5P_DEFAULT));
     if (!dataset) return nullptr;
@@ -52,7 +52,7 @@ CRSVArray* CRSVTool::OpenArray(CRSVGroup* group, const std::string& name) {
     H5Dataset dataset(H5Dopen2(group->ObjectId(), name.c_str(), H5P_DEFAULT));
     if (!dataset) return nullptr;
     H5Type stored(H5Dget_type(dataset.get()));
-    H5Type memoryType(stored ? H5Tget_native_type(stored.get(), H5T_DIR_ASCEND) : -1);
+    H5Type memoryType(H5Tget_native_type(stored.get(), H5T_DIR_ASCEND));  // fails without a type
     if (!memoryType) return nullptr;
     Arrays.push_back(std::make_unique<CRSVArray>(std::move(dataset), std::move(memoryType)));
     return Arrays.back().get();
@@ -71,21 +71,18 @@ int CRSVTool::AddCompoundDataTypeMember(int handle, const std::string& name, int
                                         size_t offset) {
     ErrorSilence silence;
     const Compound* built = compound(handle);
-    H5Type member = codeType(type);
-    if (!built || built->Complete || !member) return -1;
-    return H5Tinsert(built->Type.get(), name.c_str(), offset, member.get()) < 0 ? -1 : 0;
+    if (!built || built->Complete) return -1;
+    // An unknown type code gives no member type, and the insert fails.
+    return H5Tinsert(built->Type.get(), name.c_str(), offset, codeType(type).get()) < 0 ? -1 : 0;
 }
 
 int CRSVTool::AddCompoundDataTypeFixedLengthStringMember(int handle, const std::string& name,
                                                          size_t offset, size_t length) {
     ErrorSilence silence;
     const Compound* built = compound(handle);
-    if (!built || built->Complete || length == 0) return -1;
-    H5Type member(H5Tcopy(H5T_C_S1));
-    if (!member || H5Tset_size(member.get(), length) < 0 ||
-        H5Tset_strpad(member.get(), H5T_STR_NULLTERM) < 0)
-        return -1;
-    return H5Tinsert(built->Type.get(), name.c_str(), offset, member.get()) < 0 ? -1 : 0;
+    // A length of 0 gives no text type, and the insert fails.
+    if (!built || built->Complete) return -1;
+    return H5Tinsert(built->Type.get(), name.c_str(), offset, textType(length).get()) < 0 ? -1 : 0;
 }
 
 int CRSVTool::EndCreateCompoundDataType(int handle) {
@@ -128,7 +125,7 @@ int CRSVArray::GetDimension(size_t* rows, size_t* columns) {
     *columns = 0;
     H5Space space(H5Dget_space(Dataset.get()));
     hsize_t dimensions[2] = {0, 0};
-    if (!space || H5Sget_simple_extent_ndims(space.get()) != 2 ||
+    if (H5Sget_simple_extent_ndims(space.get()) != 2 ||
         H5Sget_simple_extent_dims(space.get(), dimensions, nullptr) != 2)
         return -1;
     *rows = static_cast<size_t>(dimensions[0]);

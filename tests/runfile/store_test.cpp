@@ -215,6 +215,8 @@ TEST_F(StoreTest, CompoundTypeHandlesStayApartFromTypeCodes) {
     EXPECT_NE(type, kTypeInt32);
     EXPECT_NE(type, kTypeDouble);
     EXPECT_EQ(tool.AddCompoundDataTypeMember(type, "ID", kTypeInt32, 0), 0);
+    EXPECT_EQ(tool.AddCompoundDataTypeFixedLengthStringMember(type, "Empty", 4, 0), -1);
+    EXPECT_EQ(tool.AddCompoundDataTypeMember(type, "Code", 77, 4), -1);  // no such type code
     EXPECT_EQ(tool.AddCompoundDataTypeFixedLengthStringMember(type, "Value", 4, 8), 0);
     EXPECT_EQ(tool.AddCompoundDataTypeMember(type, "Late", kTypeInt32, 20), -1);  // outside
     EXPECT_EQ(tool.CreateArray(group, "Early", type, 1, 1), nullptr);  // not complete yet
