@@ -1,6 +1,7 @@
 // The global operator new and delete of the run-file test program: malloc and free, as the
 // standard library's own, with a count of the requests while a CountAllocations lives.
 #include "runfile/allocation_count.h"
+#include "support/replaced_new.h"
 
 #include <atomic>
 #include <cstdlib>
@@ -11,17 +12,6 @@ namespace {
 std::atomic<bool> counting{false};
 std::atomic<std::size_t> largest{0};
 std::atomic<std::size_t> total{0};
-
-void* allocate(std::size_t size) {
-    if (counting.load(std::memory_order_relaxed)) {
-        total.fetch_add(size, std::memory_order_relaxed);
-        std::size_t seen = largest.load(std::memory_order_relaxed);
-        while (size > seen && !largest.compare_exchange_weak(seen, size)) {
-        }
-    }
-    if (void* block = std::malloc(size ? size : 1)) return block;
-    throw std::bad_alloc();
-}
 
 }  // namespace
 
@@ -41,23 +31,15 @@ Allocations CountAllocations::sofar() const {
     return Allocations{largest.load(), total.load()};
 }
 
-}  // namespace qrvtest
+void* allocate(std::size_t size) {
+    if (counting.load(std::memory_order_relaxed)) {
+        total.fetch_add(size, std::memory_order_relaxed);
+        std::size_t seen = largest.load(std::memory_order_relaxed);
+        while (size > seen && !largest.compare_exchange_weak(seen, size)) {
+        }
+    }
+    if (void* block = std::malloc(size ? size : 1)) return block;
+    throw std::bad_alloc();
+}
 
-void* operator new(std::size_t size) {
-    return allocate(size);
-}
-void* operator new[](std::size_t size) {
-    return allocate(size);
-}
-void operator delete(void* block) noexcept {
-    std::free(block);
-}
-void operator delete[](void* block) noexcept {
-    std::free(block);
-}
-void operator delete(void* block, std::size_t) noexcept {
-    std::free(block);
-}
-void operator delete[](void* block, std::size_t) noexcept {
-    std::free(block);
-}
+}  // namespace qrvtest
