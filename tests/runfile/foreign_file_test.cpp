@@ -132,6 +132,9 @@ TEST_F(ForeignRunFileTest, VariableLengthTextsReadAsTheirText) {
         ForeignFile::integer(summary, "Vis Model", 10);
         const double vis[] = {0.69, 6.9179, 1.9442};
         ForeignFile::doubles(material, "Vis Para", 3, vis);
+        // A link to nothing beside the material is no material.
+        H5Lcreate_soft("/nowhere", material, "/Vantrell/Run1/Material/Material 2", H5P_DEFAULT,
+                       H5P_DEFAULT);
     }
     MATIO_RSVManipulator manipulator(path.c_str());
     ASSERT_EQ(manipulator.GetMaterialCount(), 1);
