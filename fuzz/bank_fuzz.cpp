@@ -3,8 +3,6 @@
 // listing never change the bank's bytes; the append keeps them as its first bytes. The record
 // taken out must come back equal from a file it is saved to, and the file an entry is exported
 // to must load as the record taken out, but for what the export documents as its own.
-#include <unistd.h>
-
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -16,6 +14,7 @@
 #include <quorvalib/bank.h>
 #include <quorvalib/files.h>
 
+#include "fuzz_files.h"
 #include "record/material_internal.h"
 #include "record_compare.h"
 
@@ -23,20 +22,12 @@ namespace {
 
 const std::string& root() {
     static const std::string path = [] {
-        char name[] = "/tmp/qrv_bank_fuzz_XXXXXX";
-        const std::string made = mkdtemp(name);
+        const std::string made = qrvfuzz::folder() + "banks";
         std::filesystem::create_directories(made + "/Bank/System");
         std::filesystem::create_directories(made + "/Quorvane R13.0/Material/UserBank");
         return made;
     }();
     return path;
-}
-
-void write(const std::string& path, const std::uint8_t* data, std::size_t size) {
-    std::FILE* file = std::fopen(path.c_str(), "wb");
-    if (!file) return;
-    std::fwrite(data, 1, size, file);
-    std::fclose(file);
 }
 
 std::string bytesOf(const std::string& path) {
@@ -105,10 +96,11 @@ bool entryRoundTrip(MATIO_BankManipulator& banks, const std::string& bank, int i
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    qrvfuzz::useSystemLocale();
     const std::string bank = root() + "/Bank/System/Metal.qbk";
     const std::string user = root() + "/Quorvane R13.0/Material/UserBank/user.qbk";
-    write(bank, data, size);
-    write(user, data, size);
+    qrvfuzz::write(bank, data, size);
+    qrvfuzz::write(user, data, size);
     const std::string input(reinterpret_cast<const char*>(data), size);
 
     MATIO_BankManipulator banks;

@@ -13,40 +13,19 @@
 #include <string>
 #include <vector>
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+#include "support/replaced_new.h"
 
-namespace {
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
 constexpr std::size_t kAllocationLimit = std::size_t{64} << 20;
 
-void* allocate(std::size_t size) {
+void* qrvtest::allocate(std::size_t size) {
     if (size > kAllocationLimit) {
         std::fprintf(stderr, "replay: an allocation of %zu bytes passes the 64 MB limit\n", size);
         std::abort();
     }
     if (void* block = std::malloc(size ? size : 1)) return block;
     throw std::bad_alloc();
-}
-
-}  // namespace
-
-void* operator new(std::size_t size) {
-    return allocate(size);
-}
-void* operator new[](std::size_t size) {
-    return allocate(size);
-}
-void operator delete(void* block) noexcept {
-    std::free(block);
-}
-void operator delete[](void* block) noexcept {
-    std::free(block);
-}
-void operator delete(void* block, std::size_t) noexcept {
-    std::free(block);
-}
-void operator delete[](void* block, std::size_t) noexcept {
-    std::free(block);
 }
 
 namespace {

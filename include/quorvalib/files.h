@@ -60,7 +60,9 @@ QRV_API QrvMaterial* QrvGetMaterialRIM(const char* path);
 // 9012; a thermoset's Mech from 9015, Temp 9016, SI 9017, PW 9018), an empty VE, OP, CR or PW
 // block's Source and Model (written as zeros), and measured data without curves (a load gives
 // none). A Polymer of exactly "Metal" or "Coolant" loads with FileType 3 or 4 whatever the class
-// it was saved as. A second save and load changes nothing.
+// it was saved as: a thermoplastic of that name (as an old fixed block gives, whose type digit
+// alone decides) therefore changes class on its next save too and keeps only what a non-polymer
+// keeps. Once a save and load keeps the record's class, a further save and load changes nothing.
 QRV_API int QrvSaveMaterial(const char* path, QrvMaterial* material);
 
 // As QrvSaveMaterial, but a failed open is not looked at: the writing runs against the failed

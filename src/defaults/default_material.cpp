@@ -1,7 +1,7 @@
 // The default material generator: a record from model ids and the sample tables.
+#include <algorithm>
 #include <cstdio>
 #include <memory>
-#include <vector>
 
 #include <quorvalib/defaults.h>
 
@@ -11,6 +11,8 @@
 namespace {
 
 using qrv::defaults::SampleRow;
+using qrv::defaults::SampleTable;
+using qrv::defaults::Values;
 
 constexpr int kSampleSource = 1000;
 constexpr int kThermosetFirstVisId = 10;
@@ -22,14 +24,13 @@ constexpr int kProcessTemperatureModel = 2;
 constexpr int kPolymerSize = 24, kProducerSize = 48, kGradeNameSize = 96, kCommentSize = 192,
               kSourceSize = 24;
 
-void fillBlock(QrvMatParam& block, int model, const std::vector<double>& values) {
-    double* para = qrv::allocateBlock(block, block.Source, model, static_cast<int>(values.size()));
-    for (std::size_t i = 0; i < values.size(); ++i)
-        para[i] = values[i];
+void fillBlock(QrvMatParam& block, int model, Values values) {
+    double* para = qrv::allocateBlock(block, block.Source, model, static_cast<int>(values.size));
+    std::copy_n(values.data, values.size, para);
 }
 
 // Fills block from the row of id; without a row the block keeps its zero state.
-void fillFromTable(QrvMatParam& block, const std::vector<SampleRow>& table, int id) {
+void fillFromTable(QrvMatParam& block, SampleTable table, int id) {
     if (const SampleRow* row = qrv::defaults::findRow(table, id)) fillBlock(block, id, row->para);
 }
 
@@ -62,12 +63,15 @@ void fillThermoset(QrvMaterial& m, int visId) {
 
     const qrv::defaults::ThermosetSample* sample = qrv::defaults::findThermoset(visId);
     if (sample) fillBlock(m.Vis, visId, sample->vis);
-    fillBlock(m.PVT, 1, {sample ? sample->pvt : 0.0});
-    fillBlock(m.Cp, 1, {sample ? sample->cp : 0.0});
-    fillBlock(m.K, 1, {sample ? sample->k : 0.0});
+    const double pvt[] = {sample ? sample->pvt : 0.0};
+    const double cp[] = {sample ? sample->cp : 0.0};
+    const double k[] = {sample ? sample->k : 0.0};
+    fillBlock(m.PVT, 1, pvt);
+    fillBlock(m.Cp, 1, cp);
+    fillBlock(m.K, 1, k);
     m.KN.Source = kSampleSource;
-    fillBlock(m.KN, kKineticsModel,
-              sample ? sample->kinetics : std::vector<double>(kKineticsCount, 0.0));
+    static constexpr double kNoKinetics[kKineticsCount] = {};
+    fillBlock(m.KN, kKineticsModel, sample ? sample->kinetics : Values(kNoKinetics));
 }
 
 }  // namespace

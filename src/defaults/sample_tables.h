@@ -1,32 +1,50 @@
-// Sample data of the default material generator, as tables keyed by model id.
+// Sample data of the default material generator, as constant tables keyed by model id: plain
+// arrays, so that nothing is built or allocated when a table is first used.
 #ifndef QRV_DEFAULTS_SAMPLE_TABLES_H
 #define QRV_DEFAULTS_SAMPLE_TABLES_H
 
-#include <vector>
+#include <cstddef>
 
 namespace qrv::defaults {
 
+// A run of constant values: a block's parameters, its Count being the size.
+struct Values {
+    const double* data;
+    std::size_t size;
+
+    template <std::size_t N>
+    constexpr Values(const double (&values)[N]) : data(values), size(N) {}
+};
+
 struct SampleRow {
-    int id;                    // the model id the row answers
-    std::vector<double> para;  // Count is its size
+    int id;  // the model id the row answers
+    Values para;
+};
+
+struct SampleTable {
+    const SampleRow* rows;
+    std::size_t size;
+
+    template <std::size_t N>
+    constexpr SampleTable(const SampleRow (&table)[N]) : rows(table), size(N) {}
 };
 
 // Finds the row of id in table, null when the table has none.
-const SampleRow* findRow(const std::vector<SampleRow>& table, int id);
+const SampleRow* findRow(SampleTable table, int id);
 
-const std::vector<SampleRow>& thermoplasticVis();
-const std::vector<SampleRow>& pvt(bool crystalline);
-const std::vector<SampleRow>& heatCapacity();
-const std::vector<SampleRow>& conductivity();
-const std::vector<SampleRow>& mechanical();
-const std::vector<double>& processTemperatures();
+SampleTable thermoplasticVis();
+SampleTable pvt(bool crystalline);
+SampleTable heatCapacity();
+SampleTable conductivity();
+SampleTable mechanical();
+Values processTemperatures();
 
 // Thermoset samples, one row per viscosity id 10 to 13.
 struct ThermosetSample {
     int visId;
-    std::vector<double> vis;
+    Values vis;
     double pvt, cp, k;
-    std::vector<double> kinetics;
+    Values kinetics;
 };
 const ThermosetSample* findThermoset(int visId);
 

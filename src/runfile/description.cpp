@@ -10,6 +10,7 @@
 #include <cstring>
 #include <functional>
 
+#include "rsv/error_silence.h"
 #include "rsv/run_vocabulary.h"
 #include "runfile/store_access.h"
 
@@ -175,13 +176,16 @@ void writeMeshMaterialAttribute(CRSVTool& tool, QrvMaterial* material, int runIt
 // The three private operations of the manipulator; each needs the record that AddMaterial is
 // working on.
 void MATIO_RSVManipulator::AddDescription(const char* label, int runItemId) {
+    QRV3DRSVExTool::ErrorSilence quiet;  // a lookup that misses is an answer, not an error to print
     if (Tool && Material) qrv::runfile::writeDescription(*Tool, Material, label, runItemId);
 }
 
 void MATIO_RSVManipulator::SetRunMatType(int runItemId) {
+    QRV3DRSVExTool::ErrorSilence quiet;  // a lookup that misses is an answer, not an error to print
     if (Tool && Material) qrv::runfile::writeRunMaterialType(*Tool, Material, runItemId);
 }
 
 void MATIO_RSVManipulator::SetMeshMatAttrib(int runItemId) {
+    QRV3DRSVExTool::ErrorSilence quiet;  // a lookup that misses is an answer, not an error to print
     if (Tool && Material) qrv::runfile::writeMeshMaterialAttribute(*Tool, Material, runItemId);
 }

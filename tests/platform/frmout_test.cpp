@@ -95,3 +95,22 @@ TEST(FrmOut, ModuleNumbers) {
 }
 
 }  // namespace
+
+TEST(FrmOut, StreamAppendsTextsAndSkipsANullOne) {
+    QRVFrmOut_StringStream stream;
+    stream.Append("Melt ");
+    stream.Append(static_cast<const char*>(nullptr));
+    stream.Append(std::string("temperature"));
+    EXPECT_EQ(stream.str(), "Melt temperature");
+}
+
+TEST(FrmOut, LabelReadsBackAsSet) {
+    QRVFrmOut_PrintEntry entry;
+    EXPECT_EQ(entry.GetLabel(), "");
+    char buffer[] = "Mold temperature";
+    entry.SetLabel(buffer);
+    buffer[0] = 'X';  // the entry keeps its own copy
+    EXPECT_EQ(entry.GetLabel(), "Mold temperature");
+    entry.SetLabel(nullptr);
+    EXPECT_EQ(entry.GetLabel(), "");
+}

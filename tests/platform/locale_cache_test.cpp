@@ -2,6 +2,7 @@
 // the guard's locale follows the name.
 #include <gtest/gtest.h>
 
+#include <clocale>
 #include <cstdlib>
 #include <locale>
 #include <memory>
@@ -103,4 +104,29 @@ TEST(SystemLocaleCache, AVariableWhoseNameOnlyBeginsAlikeIsNotTaken) {
     EXPECT_EQ(guardedName(), "C.UTF-8");
     setenv("LANG", "C", 1);
     EXPECT_STREQ(locale.GetSystemDefaultLocale(), "C");
+}
+// A caller that runs under the default locale keeps its own locale object through an open: the
+// guard has nothing to switch. One under another locale gets the default for the open and its
+// own back after it, in the C library too.
+TEST(LocaleGuard, SwitchesOnlyWhenTheCallerIsUnderAnotherLocale) {
+    if (!systemHas("C.UTF-8")) GTEST_SKIP() << "no C.UTF-8 locale on this system";
+    Variable all("LC_ALL", "C.UTF-8");
+    const std::locale callers("C.UTF-8");
+    const std::locale before = std::locale::global(callers);
+    const auto* callersFacet = &std::use_facet<std::ctype<wchar_t>>(callers);
+    {
+        qrv::LocaleGuard guard;
+        EXPECT_EQ(&std::use_facet<std::ctype<wchar_t>>(std::locale()), callersFacet);
+    }
+    EXPECT_EQ(&std::use_facet<std::ctype<wchar_t>>(std::locale()), callersFacet);
+
+    std::locale::global(std::locale::classic());
+    {
+        qrv::LocaleGuard guard;
+        EXPECT_EQ(std::locale().name(), "C.UTF-8");
+        EXPECT_STREQ(std::setlocale(LC_ALL, nullptr), "C.UTF-8");
+    }
+    EXPECT_EQ(std::locale().name(), "C");
+    EXPECT_STREQ(std::setlocale(LC_ALL, nullptr), "C");
+    std::locale::global(before);
 }

@@ -117,6 +117,9 @@ public:
 
     int intAttribute(const std::string& object, const std::string& name) const {
         int value = -12345;
+        // A missing attribute is an answer here: ask whether it exists first, so that HDF5
+        // prints nothing.
+        if (H5Aexists_by_name(id_, object.c_str(), name.c_str(), H5P_DEFAULT) <= 0) return value;
         hid_t a = H5Aopen_by_name(id_, object.c_str(), name.c_str(), H5P_DEFAULT, H5P_DEFAULT);
         if (a >= 0) {
             H5Aread(a, H5T_NATIVE_INT, &value);
@@ -126,6 +129,8 @@ public:
     }
 
     std::string textAttribute(const std::string& object, const std::string& name) const {
+        if (H5Aexists_by_name(id_, object.c_str(), name.c_str(), H5P_DEFAULT) <= 0)
+            return "<missing>";
         hid_t a = H5Aopen_by_name(id_, object.c_str(), name.c_str(), H5P_DEFAULT, H5P_DEFAULT);
         if (a < 0) return "<missing>";
         hid_t type = H5Aget_type(a);

@@ -217,6 +217,8 @@ TEST_F(StoreTest, CompoundTypeHandlesStayApartFromTypeCodes) {
     EXPECT_NE(type, kTypeInt32);
     EXPECT_NE(type, kTypeDouble);
     EXPECT_EQ(tool.AddCompoundDataTypeMember(type, "ID", kTypeInt32, 0), 0);
+    EXPECT_EQ(tool.AddCompoundDataTypeFixedLengthStringMember(type, "Empty", 4, 0), -1);
+    EXPECT_EQ(tool.AddCompoundDataTypeMember(type, "Code", 77, 4), -1);  // no such type code
     EXPECT_EQ(tool.AddCompoundDataTypeFixedLengthStringMember(type, "Value", 4, 8), 0);
     EXPECT_EQ(tool.AddCompoundDataTypeMember(type, "Late", kTypeInt32, 20), -1);  // outside
     EXPECT_EQ(tool.CreateArray(group, "Early", type, 1, 1), nullptr);  // not complete yet
@@ -364,3 +366,54 @@ TEST_F(StoreTest, TheHostsOwnErrorPrintingIsPutBack) {
 }
 
 }  // namespace
+
+// Every call refuses a null handle, an empty name, the table marker as an item and a null output
+// with its failure value, and writes nothing then.
+TEST_F(StoreTest, NullHandlesEmptyNamesAndTheMarkerAreRefused) {
+    ASSERT_EQ(tool.Create(file, 4, 13, 0), 0);
+    CRSVGroup* run = tool.OpenGroup(1);
+    ASSERT_NE(run, nullptr);
+    EXPECT_EQ(tool.CreateGroup(run, "/"), nullptr);  // nothing left of the name
+    EXPECT_EQ(tool.CreateGroup(nullptr, "Group"), nullptr);
+    EXPECT_EQ(tool.OpenGroup(nullptr, "Entity"), nullptr);
+    EXPECT_EQ(tool.CreateTable(nullptr, "Table"), nullptr);
+    EXPECT_EQ(tool.OpenTable(nullptr, "Table"), nullptr);
+    EXPECT_EQ(tool.CreateArray(nullptr, "Array", kTypeDouble, 1, 1), nullptr);
+    EXPECT_EQ(tool.CreateArray(run, "", kTypeDouble, 1, 1), nullptr);
+    EXPECT_EQ(tool.OpenArray(nullptr, "Array"), nullptr);
+    EXPECT_EQ(tool.OpenArray(run, ""), nullptr);
+    EXPECT_EQ(tool.WriteAttribute(run, "", 1), -1);  // HDF5 has no attribute without a name
+
+    CRSVTable* table = tool.CreateTable(run, "Table");
+    ASSERT_NE(table, nullptr);
+    EXPECT_EQ(table->SetItem("", 5), -1);
+    EXPECT_EQ(table->SetItem("RSV_CLASS", 5), -1);
+    EXPECT_EQ(table->SetItem("Count", 5), 0);
+    int number = 7;
+    EXPECT_EQ(table->GetItem("RSV_CLASS", &number), -1);
+    EXPECT_EQ(number, 7);
+    EXPECT_EQ(table->GetItem("Count", static_cast<int*>(nullptr)), -1);
+    EXPECT_EQ(table->GetItem("Count", static_cast<std::string*>(nullptr)), -1);
+    EXPECT_EQ(table->GetItem("Count", &number), 0);
+    EXPECT_EQ(number, 5);
+
+    CRSVArray* array = tool.CreateArray(run, "Values", kTypeDouble, 1, 2);
+    ASSERT_NE(array, nullptr);
+    size_t rows = 9;
+    EXPECT_EQ(array->GetDimension(nullptr, &rows), -1);
+    EXPECT_EQ(rows, 9u);
+    tool.Close();
+
+    // None of it reached the file: the run group holds its two groups, the table and the array.
+    hid_t raw = H5Fopen(file.c_str(), H5F_ACC_RDONLY, H5P_DEFAULT);
+    ASSERT_GE(raw, 0);
+    H5G_info_t info{};
+    EXPECT_GE(H5Gget_info_by_name(raw, "/Vantrell/Run1", &info, H5P_DEFAULT), 0);
+    EXPECT_EQ(info.nlinks, 4u);
+    H5O_info_t table_info{};
+    EXPECT_GE(H5Oget_info_by_name2(raw, "/Vantrell/Run1/Table", &table_info, H5O_INFO_NUM_ATTRS,
+                                   H5P_DEFAULT),
+              0);
+    EXPECT_EQ(table_info.num_attrs, 2u);  // the marker and Count
+    H5Fclose(raw);
+}
