@@ -525,6 +525,18 @@ TEST(Manipulator, GetMaterialReplacesOrEmpties) {
     EXPECT_TRUE(manipulator.IsRIM());
 }
 
+TEST(Manipulator, NamesOfFiveCharactersGoOn) {
+    qrvtest::TempFolder folder;
+    qrvtest::WorkingFolder here(folder.root());
+    MATIO_Manipulator manipulator;
+    ASSERT_TRUE(manipulator.GetDefaultMaterial(1, 1, false, 1, 1, 0));
+    EXPECT_TRUE(manipulator.SaveMaterial("a.mtr"));
+    EXPECT_TRUE(fileExists("a.mtr"));
+    MATIO_Manipulator reader;
+    EXPECT_TRUE(reader.GetMaterial("a.mtr"));
+    EXPECT_STREQ(reader.GetPolymer(), "Polymer");
+}
+
 TEST(Manipulator, SaveMaterialReportsTheAttemptOnly) {
     qrvtest::TempFolder folder;
     MATIO_Manipulator manipulator;
