@@ -1,5 +1,6 @@
 #include "defaults/array_sizes.h"
 
+#include <cstdint>
 #include <cstdlib>
 #include <new>
 
@@ -13,10 +14,12 @@ struct Slot {
 };
 Slot gSlots[kSlots] = {};
 
-void remember(const void* pointer, std::size_t bytes) {
+// The pointer is taken as a number: the allocation's bytes are not yet written, and a pointer
+// parameter would make the compiler think they are read.
+void remember(std::uintptr_t pointer, std::size_t bytes) {
     for (Slot& slot : gSlots)
         if (!slot.pointer) {
-            slot = {pointer, bytes};
+            slot = {reinterpret_cast<const void*>(pointer), bytes};
             return;
         }
 }
@@ -44,7 +47,7 @@ std::size_t arrayBytes(const void* pointer) {
 void* operator new[](std::size_t size) {
     void* p = std::malloc(size ? size : 1);
     if (!p) throw std::bad_alloc();
-    remember(p, size);
+    remember(reinterpret_cast<std::uintptr_t>(p), size);
     return p;
 }
 
