@@ -168,14 +168,19 @@ TEST(BankAdd, ClassFollowsFileType) {
     auto negativeType = qrvtest::thermoplasticRecord();
     negativeType->FileType = -4;
     auto chip = qrvtest::metalRecord("Die", "", QRV_TYPE_IC_CHIP, "Chip");
+    // One viscosity value is enough to make a record of type 0 a thermoplastic.
+    auto typeZeroWithOneVis = qrvtest::thermoplasticRecord();
+    typeZeroWithOneVis->FileType = 0;
+    qrvtest::setBlock(typeZeroWithOneVis->Vis, 1, {1.0e3});
     for (QrvMaterial* m : {fluid.get(), typeZeroWithVis.get(), typeZeroWithoutVis.get(),
-                           negativeType.get(), chip.get()})
+                           negativeType.get(), chip.get(), typeZeroWithOneVis.get()})
         ASSERT_EQ(qrvtest::addOne(bank, *m), 0);
     EXPECT_EQ(objTypeOfEntry(bank, 0), 2);  // a fluid is stored like a metal
     EXPECT_EQ(objTypeOfEntry(bank, 1), 0);
     EXPECT_EQ(objTypeOfEntry(bank, 2), 2);
     EXPECT_EQ(objTypeOfEntry(bank, 3), 0);
     EXPECT_EQ(objTypeOfEntry(bank, 4), 2);
+    EXPECT_EQ(objTypeOfEntry(bank, 5), 0);
 }
 
 TEST(BankAdd, ByNameTheThermosetBlocksGoByTheName) {

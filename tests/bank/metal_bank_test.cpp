@@ -10,6 +10,7 @@
 #include <functional>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "bank/bank_support.h"
 #include "support/fixture.h"
@@ -229,4 +230,32 @@ TEST(MetalBank, SampleBankAsSystemBank) {
                                                      "Stainless 316L"}));
     EXPECT_EQ(list.GetDensity(2), 7.99);
     EXPECT_EQ(list.GetDensity(0), 0.0);
+}
+
+TEST(MetalBank, MetalFileTakesEachNumberFromItsOwnPlace) {
+    // Mech of a metal: PR at 0, EM at 2 and CLTE at 5; every place holds a different number.
+    qrvtest::TempFolder folder;
+    const std::string path = folder.path("anisotropic.mtr");
+    qrvtest::MaterialPtr record = metal("Rolled", "D=2.7 g/cc");
+    qrvtest::setBlock(record->Mech, 0, {0.33, 0.34, 7.0e11, 7.1e11, 2.6e11, 2.3e-5, 2.4e-5});
+    ASSERT_EQ(QrvSaveMaterial(path.c_str(), record.get()), 1);
+    MATIO_QrvNonPolyMat list;
+    MATIO_QrvNonPolyMat::CQrvNonPlastic read{};
+    ASSERT_TRUE(list.GetMetalFile(path.c_str(), read));
+    EXPECT_EQ(read.PR, 0.33);
+    EXPECT_EQ(read.EM, 7.0e11);
+    EXPECT_EQ(read.CLTE, 2.3e-5);
+    EXPECT_EQ(read.Density, 2.7);
+}
+
+TEST(MetalBank, BackslashesOfTheRootAreKept) {
+    // Only the fixed tail is written with backslashes for another system; a root is used as given,
+    // and on this system a backslash is an ordinary character of a folder name.
+    qrvtest::TempFolder folder;
+    const std::string root = folder.path("odd\\root");
+    std::filesystem::create_directories(root + "/Bank/System");
+    add(root + "/Bank/System/Metal.qbk", metal("Steel", "D=7.85 g/cc"));
+    MATIO_QrvNonPolyMat list;
+    ASSERT_TRUE(list.GetMetalMatBank(root.c_str(), nullptr, false));
+    EXPECT_EQ(names(list), std::vector<std::string>{"Steel"});
 }

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "defaults/array_sizes.h"
 #include "support/material_ptr.h"
 
 using qrvtest::adopt;
@@ -246,4 +247,21 @@ TEST(DefaultMaterial, ExtremeIdsStillGiveARecord) {
                  "Filler=-2147483648(Crystalline)");
     expectEmpty(m->Vis, 1000);
     expectEmpty(m->Mech, 1000);
+}
+
+TEST(DefaultMaterial, TextsLieInBuffersWiderThanThemselves) {
+    // Polymer 24, Producer 48, GradeName 96, Comment 192 and Source 24 characters, so that a
+    // caller may edit the texts in place.
+    for (bool thermoset : {false, true}) {
+        SCOPED_TRACE(thermoset);
+        qrvtest::MaterialPtr m =
+            qrvtest::adopt(thermoset ? QrvGetDefaultMaterial(10, 2, false, 1, 1, 1)
+                                     : QrvGetDefaultMaterial(1, 2, false, 2, 2, 0));
+        ASSERT_NE(m, nullptr);
+        EXPECT_EQ(qrvtest::arrayBytes(m->Polymer), 24u);
+        EXPECT_EQ(qrvtest::arrayBytes(m->Producer), 48u);
+        EXPECT_EQ(qrvtest::arrayBytes(m->GradeName), 96u);
+        EXPECT_EQ(qrvtest::arrayBytes(m->Comment), 192u);
+        EXPECT_EQ(qrvtest::arrayBytes(m->Source), 24u);
+    }
 }

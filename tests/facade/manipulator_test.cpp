@@ -82,6 +82,36 @@ TEST(Manipulator, ReplacingTheRecordReleasesTheOldOne) {
     (void)first;  // freed by the second call; the sanitizer run reports a leak otherwise
 }
 
+namespace {
+
+// Curves that tell when they are destroyed: the release of a record deletes its curve objects.
+class WatchedCurves : public CQrvViscosityData {
+public:
+    explicit WatchedCurves(int& destroyed) : CQrvViscosityData(nullptr), destroyed_(destroyed) {}
+    ~WatchedCurves() override { ++destroyed_; }
+
+private:
+    int& destroyed_;
+};
+
+}  // namespace
+
+TEST(Manipulator, TheHeldRecordIsReleasedOnReplacementAndAtTheEnd) {
+    int destroyed = 0;
+    {
+        MATIO_Manipulator m;
+        ASSERT_TRUE(m.GetDefaultMaterial(2, 1, false, 1, 1, 0));
+        QrvMaterial* held = const_cast<QrvMaterial*>(m.GetQrvMaterial());
+        ASSERT_EQ(held->VisRaw, nullptr);
+        held->VisRaw = new WatchedCurves(destroyed);
+        ASSERT_TRUE(m.GetDefaultMaterial(3, 1, false, 1, 1, 0));
+        EXPECT_EQ(destroyed, 1);
+        held = const_cast<QrvMaterial*>(m.GetQrvMaterial());
+        held->VisRaw = new WatchedCurves(destroyed);
+    }
+    EXPECT_EQ(destroyed, 2);
+}
+
 TEST(Manipulator, AssignmentSharesTheRecord) {
     MATIO_Manipulator owner;
     ASSERT_TRUE(owner.GetDefaultMaterial(13, 0, false, 0, 0, 0));

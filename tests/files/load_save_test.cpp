@@ -205,6 +205,18 @@ TEST(LoadSave, MissingOrEmptyFilesGiveNull) {
     EXPECT_EQ(get(folder.root().string()), nullptr);  // a folder has no content to read
 }
 
+TEST(LoadSave, OldNameWhoseCurrentFileCannotBeMadeGivesNull) {
+    // x.mat has content, so the load goes on to x.mtr; x.mtr is a link into a folder that does
+    // not exist, so it can neither be read nor created empty.
+    qrvtest::TempFolder folder;
+    const std::string mat = folder.path("x.mat"), mtr = folder.path("x.mtr");
+    writeFile(mat, frameFile(0, "Old"));
+    std::filesystem::create_symlink(folder.path("missing/x.mtr"), mtr);
+    EXPECT_EQ(get(mat), nullptr);
+    EXPECT_FALSE(std::filesystem::exists(folder.path("missing")));
+    EXPECT_EQ(fileBytes(mat), frameFile(0, "Old"));
+}
+
 TEST(LoadSave, LeadWordChoosesTheForm) {
     qrvtest::TempFolder folder;
     const std::string path = folder.path("lead.mtr");
@@ -402,13 +414,14 @@ TEST(LoadSave, FibreFractionByMechModel) {
     model2None[9] = 0.0;
     model3None[4] = 0.0;
     std::vector<double> model2Short(7, 0.5);  // enough for EM, PR and CLTE, not for index 9
+    std::vector<double> model3Short(4, 0.5);  // Count 4: index 4 is just past the end
     const Case cases[] = {
         {1, {}, false},         {6, {1, 1, 1, 1, 1, 1, 1}, false},
         {0, model2, false},     {2, model2, true},
         {2, model2None, false}, {2, model2Short, false},
         {3, model3, true},      {4, model3, true},
         {5, model3, true},      {5, model3None, false},
-        {-1, model3, false},
+        {-1, model3, false},    {3, model3Short, false},
     };
     for (const Case& c : cases) {
         MaterialPtr m = newRecord(1, 7101);
@@ -510,6 +523,18 @@ TEST(Manipulator, GetMaterialReplacesOrEmpties) {
     EXPECT_FALSE(manipulator.GetMaterial(folder.path("none.mtx").c_str()));
     EXPECT_EQ(manipulator.GetQrvMaterial(), nullptr);
     EXPECT_TRUE(manipulator.IsRIM());
+}
+
+TEST(Manipulator, NamesOfFiveCharactersGoOn) {
+    qrvtest::TempFolder folder;
+    qrvtest::WorkingFolder here(folder.root());
+    MATIO_Manipulator manipulator;
+    ASSERT_TRUE(manipulator.GetDefaultMaterial(1, 1, false, 1, 1, 0));
+    EXPECT_TRUE(manipulator.SaveMaterial("a.mtr"));
+    EXPECT_TRUE(fileExists("a.mtr"));
+    MATIO_Manipulator reader;
+    EXPECT_TRUE(reader.GetMaterial("a.mtr"));
+    EXPECT_STREQ(reader.GetPolymer(), "Polymer");
 }
 
 TEST(Manipulator, SaveMaterialReportsTheAttemptOnly) {

@@ -3,6 +3,8 @@
 
 #include <cstdint>
 #include <cstdio>
+#include <iostream>
+#include <sstream>
 #include <string>
 
 #include "formats/binary_stream.h"
@@ -218,4 +220,45 @@ TEST(ByteReader, WritesFailAndLeaveTheBytesAlone) {
     in.WriteInt(2);
     EXPECT_TRUE(in.Failed());
     EXPECT_EQ(bytes, Bytes().word(1).str());
+}
+
+namespace {
+
+// Bytes in memory whose end cannot be measured: a seek to the end fails (or, with shortEnd,
+// lands before the read position), while the position itself is told as usual.
+class EndlessBuffer : public std::stringbuf {
+public:
+    EndlessBuffer(const std::string& bytes, bool shortEnd)
+        : std::stringbuf(bytes, std::ios::in | std::ios::out | std::ios::binary),
+          shortEnd_(shortEnd) {}
+
+protected:
+    pos_type seekoff(off_type offset, std::ios::seekdir way, std::ios::openmode which) override {
+        if (way == std::ios::end)
+            return shortEnd_ ? std::stringbuf::seekoff(0, std::ios::beg, which)
+                             : pos_type(off_type(-1));
+        return std::stringbuf::seekoff(offset, way, which);
+    }
+
+private:
+    bool shortEnd_;
+};
+
+}  // namespace
+
+TEST(BinaryStream, AStreamWithoutAMeasurableEndHoldsNothingMore) {
+    for (bool shortEnd : {false, true}) {
+        // A word already read, then a count of a million reals with four bytes behind it: only
+        // the end of the stream could say whether they fit, and it cannot be had.
+        EndlessBuffer buffer(Bytes().word(5).word(1000000).raw("ABCD").str(), shortEnd);
+        std::iostream io(&buffer);
+        CQrvBinaryStream in(io);
+        std::int32_t first = 0;
+        ASSERT_TRUE(in.ReadInt(first));
+        EXPECT_EQ(first, 5);
+        std::int32_t count = 11;
+        EXPECT_FALSE(in.ReadCount(count, 8)) << "shortEnd " << shortEnd;
+        EXPECT_EQ(count, 11);
+        EXPECT_TRUE(in.Failed());
+    }
 }

@@ -171,6 +171,11 @@ TEST(MTC, BadCallerRecordsAreRefused) {
     EXPECT_THROW(QrvAddMTCData(material.get(), bad, 2), std::invalid_argument);
     bad[1] = QRV_MTC{1, 0, 2, nullptr, good.temperatures};
     EXPECT_THROW(QrvAddMTCData(material.get(), bad, 2), std::invalid_argument);
+    // One section is already one too many for a null array.
+    bad[1] = QRV_MTC{1, 0, 1, good.record.Sections, nullptr};
+    EXPECT_THROW(QrvAddMTCData(material.get(), bad, 2), std::invalid_argument);
+    bad[1] = QRV_MTC{1, 0, 1, nullptr, good.temperatures};
+    EXPECT_THROW(QrvAddMTCData(material.get(), bad, 2), std::invalid_argument);
     EXPECT_EQ(material->MTC, nullptr);
 
     QrvAddMTCData(material.get(), &good.record, 1);

@@ -10,9 +10,12 @@
 #include <algorithm>
 #include <cfloat>
 #include <cmath>
+#include <fstream>
 #include <iostream>
 #include <limits>
 #include <map>
+#include <set>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -462,6 +465,26 @@ TEST(BatchFastDispatch, TheWidestSupportedSetIsChosenAndALimitIsHonoured) {
     qrv::batch::limitInstructionSet(InstructionSet::Avx512);
     std::cout << "widest supported instruction set: " << nameOf(qrv::batch::widestSupported())
               << "\n";
+}
+
+TEST(BatchFastDispatch, TheWidestSetIsTheOneTheProcessorLists) {
+    // The processor's own list of features, as the kernel shows it in /proc/cpuinfo.
+    std::ifstream cpuinfo("/proc/cpuinfo");
+    std::string line;
+    std::set<std::string> flags;
+    while (std::getline(cpuinfo, line)) {
+        if (line.rfind("flags", 0) != 0) continue;
+        std::istringstream words(line.substr(line.find(':') + 1));
+        for (std::string word; words >> word;)
+            flags.insert(word);
+        break;
+    }
+    if (flags.empty()) GTEST_SKIP() << "no /proc/cpuinfo flags on this system";
+    const InstructionSet expected = flags.count("avx512f") ? InstructionSet::Avx512
+                                    : flags.count("avx2") && flags.count("fma")
+                                        ? InstructionSet::Avx2
+                                        : InstructionSet::Sse2;
+    EXPECT_EQ(qrv::batch::widestSupported(), expected);
 }
 
 INSTANTIATE_TEST_SUITE_P(EachSupportedSet, BatchFast, ::testing::ValuesIn(supportedSets()),

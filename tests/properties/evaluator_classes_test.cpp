@@ -298,3 +298,27 @@ TEST(EvaluatorClasses, ModifiedTait2TakesTheMeltSideOnATie) {
     EXPECT_SAME_BITS(object.Evaluate(P, Tt), melt);
     EXPECT_GT(object.Evaluate(P, std::nextafter(Tt, 0.0)) - object.Evaluate(P, Tt), p[10] * 0.5);
 }
+
+TEST(EvaluatorClasses, SpencerGilmoreAndModifiedTait2UseTheTemperatureAsGiven) {
+    // Spencer-Gilmore V0 + R*T/(P + P0) with V0 0.9, P0 1000, R 2 at T 400 and P 0: 0.9 + 0.8.
+    const double sg[] = {0.9, 1000.0, 2.0};
+    EXPECT_NEAR(CPVTSpencerGilmore(sg).Evaluate(0.0, 400.0), 1.7, 1e-15);
+    // Modified Tait 2 at P 0 (the logarithm term vanishes), b5 400, b6 0: on the melt side
+    // b1L + b2L*(T - b5) = 1 + 0.001*100; on the solid side b1S + b2S*(T - b5) + b7*exp(b8*d)
+    // with b8 0: 0.95 + 0.0005*(-100) + 0.01.
+    const double tait2[] = {1.0, 0.001, 1e9, 0.0,  0.95, 0.0005, 1e9,
+                            0.0, 400.0, 0.0, 0.01, 0.0,  0.0};
+    CPVTModifiedTai2 model(tait2);
+    EXPECT_NEAR(model.Evaluate(0.0, 500.0), 1.1, 1e-15);
+    EXPECT_NEAR(model.Evaluate(0.0, 300.0), 0.91, 1e-15);
+}
+
+TEST(EvaluatorClasses, FirstCaeCurveUsesItsLineAtTheUpperTemperature) {
+    // At t = T2 exactly the line is evaluated, not c2: with c1 1 and c2 1e-17 over [0, 1] it
+    // gives 1 + (1e-17 - 1) * 1 / 1, and 1e-17 - 1 rounds to -1 in binary64, so the value is 0.
+    const double curve[] = {1.0, 0.0, 1e-17, 1.0};
+    EXPECT_EQ(CCPCAE1(curve).Evaluate(1.0), 0.0);
+    EXPECT_EQ(CKCAE1(curve).Evaluate(1.0), 0.0);
+    EXPECT_EQ(CCPCAE1(curve).Evaluate(1.5), 1e-17);  // above T2: c2 itself
+    EXPECT_EQ(CKCAE1(curve).Evaluate(-0.5), 1.0);    // below T1: c1
+}

@@ -4,6 +4,9 @@
 
 #include <quorvalib/record.h>
 
+#include <string>
+#include <vector>
+
 #include "record/array_free_tracker.h"
 #include "record/material_internal.h"
 #include "support/material_ptr.h"
@@ -132,6 +135,60 @@ TEST(Record, ReleaseFreesEveryArrayAndText) {
     qrvtest::watchArray(material->CR.Para);
     QrvReleaseMaterial(material);  // the leak checker of the sanitizer run sees the rest
     EXPECT_EQ(qrvtest::watchedArrayFrees(), 1);
+}
+
+TEST(Record, ReleaseFreesCountedBlocksInOrderThenTheRestThroughTheDestructors) {
+    // Release frees, in the order Vis, PVT, ..., PW, each array of a block with Count 1 or more;
+    // an array left with Count 0 is freed afterwards by the block destructors, which run from PW
+    // back to Vis.
+    QrvMaterial* material = newZeroRecord();
+    setBlock(material->Vis, 1, {1.0});      // Count 1: freed in the first pass, first
+    setBlock(material->KN, 1, {1.0, 2.0});  // Count 2: freed in the first pass, second
+    material->PW.Para = new double[0];      // Count 0: left to the destructors
+    material->Cp.Para = new double[0];      // likewise, freed after PW's
+    const void* vis = material->Vis.Para;
+    const void* kn = material->KN.Para;
+    const void* pw = material->PW.Para;
+    const void* cp = material->Cp.Para;
+    qrvtest::startFreeLog();
+    QrvReleaseMaterial(material);
+    const std::vector<const void*> expected = {vis, kn, pw, cp};
+    EXPECT_EQ(qrvtest::freeLog(), expected);
+}
+
+TEST(Record, BlockOfNoValuesHasNoArray) {
+    QrvMatParam block;
+    EXPECT_EQ(qrv::allocateBlock(block, 1000, 3, 0), nullptr);
+    EXPECT_EQ(block.Para, nullptr);
+    EXPECT_EQ(block.Source, 1000);
+    EXPECT_EQ(block.Model, 3);
+    EXPECT_EQ(block.Count, 0);
+    double* values = qrv::allocateBlock(block, 1, 2, 2);
+    ASSERT_NE(values, nullptr);
+    EXPECT_EQ(qrvtest::lastArrayBytes(), 2 * sizeof(double));
+    EXPECT_EQ(values[0], 0.0);
+    EXPECT_EQ(values[1], 0.0);
+}
+
+TEST(Record, TextsAreFreshArraysOfLengthPlusOne) {
+    char* text = qrv::newText("PP");
+    EXPECT_EQ(qrvtest::lastArrayBytes(), 3u);
+    EXPECT_STREQ(text, "PP");
+    delete[] text;
+    // No text gives an empty one.
+    text = qrv::newText(nullptr);
+    EXPECT_EQ(qrvtest::lastArrayBytes(), 1u);
+    EXPECT_STREQ(text, "");
+    delete[] text;
+    // A buffer size only ever enlarges the array; what lies past the text is zero.
+    text = qrv::newText("PP", 8);
+    EXPECT_EQ(qrvtest::lastArrayBytes(), 8u);
+    EXPECT_EQ(std::string(text, 8), std::string("PP\0\0\0\0\0\0", 8));
+    delete[] text;
+    text = qrv::newText("Polymer", 3);
+    EXPECT_EQ(qrvtest::lastArrayBytes(), 8u);
+    EXPECT_STREQ(text, "Polymer");
+    delete[] text;
 }
 
 TEST(Record, StackRecordFreesThroughItsDestructor) {

@@ -277,6 +277,19 @@ TEST(DataCheck, ModelWithoutARangeBlockIsNotRangeChecked) {
     EXPECT_EQ(checkWith(stats, m.get()), sentence(kVisRange, 1, "1"));
 }
 
+TEST(DataCheck, ModelZeroHasARangeRowOfItsOwn) {
+    // Rows of the file start at model id 0: a PVT block of model 0 is measured against the row of
+    // model 0 (it has no evaluator, so no curve is checked).
+    Stats stats;
+    stats.pvtModel = 0;
+    stats.pvtRange = {{0.5, 2}};
+    MaterialPtr m = quietMaterial();
+    setBlock(m->PVT, 0, {100.0});  // above ten times the high limit of 2
+    EXPECT_EQ(checkWith(stats, m.get()), sentence(kPVTRange, 1, "1"));
+    setBlock(m->PVT, 0, {1.0});
+    EXPECT_EQ(checkWith(stats, m.get()), "None");
+}
+
 TEST(DataCheck, OneFailingParameterIsStillPlural) {
     Stats stats;
     stats.visModel = 3;

@@ -5,6 +5,7 @@
 #include <quorvalib/manipulator.h>
 #include <quorvalib/registry.h>
 
+#include <algorithm>
 #include <cstring>
 #include <string>
 
@@ -98,6 +99,24 @@ TEST_F(ReportEdges, ThermosetMechanicalLinesLeaveOutTheirMeltExpansionPlaces) {
               "    Shear Modulus G : 72520 psi\n"
               "    CLTE a1(flow direction of solid) : 1.11112e-05 1/oF\n"
               "    CLTE a2(transverse direction of solid) : 2.22224e-05 1/oF\n");
+}
+
+TEST_F(ReportEdges, ThermosetFibreModelsShowFifteenPlacesWithoutTheMeltExpansion) {
+    // Models 3 to 5 of a thermoset show indices 0 to 14, leaving out 3 (the melt expansion).
+    MaterialPtr material = makeRecord(QRV_TYPE_THERMOSET);
+    std::vector<double> mech(17);
+    for (std::size_t i = 0; i < mech.size(); ++i)
+        mech[i] = 1000.0 + static_cast<double>(i);
+    setBlock(material->Mech, 3, mech);
+    const std::string section =
+        sectionOf(reportOf(material.get(), "RIMFilling"), "Polymer_Mechanical_Properties");
+    EXPECT_NE(section.find("    Polymer density : 1000 "), std::string::npos) << section;
+    EXPECT_NE(section.find("    Interaction Coefficient : 1014 "), std::string::npos) << section;
+    EXPECT_EQ(section.find("1003"), std::string::npos) << section;
+    EXPECT_EQ(section.find("1015"), std::string::npos) << section;
+    EXPECT_EQ(section.find("1016"), std::string::npos) << section;
+    // Fourteen lines and the model's own.
+    EXPECT_EQ(std::count(section.begin(), section.end(), '\n'), 1 + 1 + 14) << section;
 }
 
 TEST_F(ReportEdges, UnknownCuringModelShowsUnlabelledLinesInTheUnitOfItsNumber) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <vector>
 
 #include "report/report_units.h"
 #include "report/thermoset_mech_labels.h"
@@ -24,6 +25,12 @@ TEST(WarningSplit, ShortTextsAreOneLine) {
     expectLines("None", {{"Warning", "None"}});
     expectLines("", {{"Warning", ""}});
     expectLines("123456789", {{"Warning", "123456789"}});
+}
+
+TEST(WarningSplit, TenCharactersAreSplit) {
+    // Only a text of fewer than 10 characters stays one line.
+    expectLines("1. Twelve.", {{"Warning #1", "Twelve."}});
+    expectLines("1. Seven.", {{"Warning", "1. Seven."}});
 }
 
 TEST(WarningSplit, EachSentenceLosesItsNumber) {
@@ -84,6 +91,43 @@ TEST(ThermosetMechLabels, TableAndStaleText) {
     EXPECT_STREQ(thermosetMechLabel(6, 0), "CLTE a2(transverse direction of melting)");
     EXPECT_STREQ(thermosetMechLabel(3, -1), "CLTE a2(transverse direction of melting)");
     EXPECT_STREQ(thermosetMechLabel(3, 0), "Polymer density");
+}
+
+// The mechanical unit ids by index as the tables list them: for other types by runs from -161,
+// -181 and -201 and a listed row for model 6; for thermosets a listed row per model.
+TEST(ReportUnits, MechanicalTablesWhole) {
+    for (int i = 0; i < 16; ++i) {
+        SCOPED_TRACE(i);
+        EXPECT_EQ(mechanicalUnitId(false, 0, i), -161 - i);
+        EXPECT_EQ(mechanicalUnitId(false, 1, i), -161 - i);
+        EXPECT_EQ(mechanicalUnitId(false, 2, i), -181 - i);
+        for (int model : {3, 4, 5})
+            EXPECT_EQ(mechanicalUnitId(false, model, i), -201 - i) << "model " << model;
+    }
+    // Model 6: i 0, 5: 12; i 1, 6, 9: 0; i 2, 7: 6; i 3, 8: 7; i 4: 16.
+    const int flake[] = {12, 0, 6, 7, 16, 12, 0, 6, 7, 0};
+    for (int i = 0; i < 10; ++i)
+        EXPECT_EQ(mechanicalUnitId(false, 6, i), flake[i]) << i;
+    struct Row {
+        int model;
+        std::vector<int> ids;
+    };
+    const Row thermoset[] = {
+        // i 0, 1: 0; i 2, 3, 4: 6; i 5, 6: 7
+        {0, {0, 0, 6, 6, 6, 7, 7}},
+        // i 0, 1: 0; i 2, 3, 4: 6; i 5 to 8: 7
+        {1, {0, 0, 6, 6, 6, 7, 7, 7, 7}},
+        // i 0, 1, 9, 10: 0; i 2, 3, 4: 6; i 5 to 8: 7; i 11: 16
+        {2, {0, 0, 6, 6, 6, 7, 7, 7, 7, 0, 0, 16}},
+        // i 0, 6: 12; i 1, 7, 13, 14: 0; i 2, 8, 9, 10: 6; i 3, 4, 11, 12: 7; i 5: 16
+        {3, {12, 0, 6, 7, 7, 16, 12, 0, 6, 6, 6, 7, 7, 0, 0}},
+        {4, {12, 0, 6, 7, 7, 16, 12, 0, 6, 6, 6, 7, 7, 0, 0}},
+        {5, {12, 0, 6, 7, 7, 16, 12, 0, 6, 6, 6, 7, 7, 0, 0}},
+    };
+    for (const Row& row : thermoset)
+        for (std::size_t i = 0; i < row.ids.size(); ++i)
+            EXPECT_EQ(mechanicalUnitId(true, row.model, static_cast<int>(i)), row.ids[i])
+                << "thermoset model " << row.model << " index " << i;
 }
 
 }  // namespace

@@ -259,3 +259,73 @@ TEST_F(BadInputTest, AFileHeldByAnotherProcessGivesAManipulatorWithoutStore) {
 }
 
 }  // namespace
+
+TEST_F(BadInputTest, MTCArraysOfTwoRowsAreReadFromTheirFirstRow) {
+    // As for a block's parameters, the reader takes the column count and the first row; a second
+    // row is left unread, and a summary without "Security Level" leaves it 0.
+    {
+        CRSVTool tool;
+        ASSERT_EQ(tool.Create(file, 4, 13, 0), 0);
+        CRSVGroup* materials = tool.CreateGroup(tool.OpenGroup(1), "Material");
+        CRSVGroup* m = tool.CreateGroup(materials, "Material 1");
+        tool.CreateTable(m, "Summary")->SetItem("Polymer", "PA6");
+        CRSVGroup* mtc = tool.CreateGroup(m, "MTC 1");
+        tool.CreateTable(mtc, "Summary")->SetItem("Version", 4);
+        const double temperatures[] = {150.0, 210.0, -1.0, -2.0};
+        tool.CreateArray(mtc, "Interval Temperature", kTypeDouble, 2, 2)->WriteArray(temperatures);
+        for (const char* name : {"Section 1", "Section 2"}) {
+            CRSVGroup* section = tool.CreateGroup(mtc, name);
+            CRSVTable* model = tool.CreateTable(section, "MTC Model");
+            model->SetItem("Model ID", 2);
+            model->SetItem("Max Parameter num", 3);
+            const double parameters[] = {1.5, 2.5, 3.5, 9.0, 9.0, 9.0};
+            tool.CreateArray(section, "Parameters", kTypeDouble, 2, 3)->WriteArray(parameters);
+        }
+    }
+    MATIO_RSVManipulator manipulator(file.c_str());
+    QrvMaterial* m = manipulator.GetMaterial(0);
+    ASSERT_NE(m, nullptr);
+    EXPECT_STREQ(m->Polymer, "PA6");
+    int version = 0, count = 0;
+    QrvGetMTCInfo(m, version, count);
+    ASSERT_EQ(count, 1);
+    const QRV_MTC* record = QrvGetMTCData(m, 0);
+    EXPECT_EQ(record->Version, 4);
+    EXPECT_EQ(record->SecurityLevel, 0);
+    ASSERT_EQ(record->SectionCount, 2);
+    EXPECT_EQ(record->IntervalTemperature[0], 150.0);
+    EXPECT_EQ(record->IntervalTemperature[1], 210.0);
+    for (int s = 0; s < 2; ++s) {
+        SCOPED_TRACE(s);
+        EXPECT_EQ(record->Sections[s].ModelId, 2);
+        EXPECT_EQ(record->Sections[s].Parameters[0], 1.5);
+        EXPECT_EQ(record->Sections[s].Parameters[2], 3.5);
+        EXPECT_EQ(record->Sections[s].Parameters[3], 0.0);
+    }
+}
+
+TEST_F(BadInputTest, ADescriptionNameAlreadyTakenLeavesTheDescriptionOut) {
+    // Descriptions are named "Result" and the number of arrays already there: a lone "Result1"
+    // takes the name the next one would get. The material is stored all the same.
+    const std::string description = "/Vantrell/Run1/Description/Material";
+    {
+        CRSVTool tool;
+        ASSERT_EQ(tool.Create(file, 4, 13, 0), 0);
+        ASSERT_NE(tool.OpenGroup(1), nullptr);  // makes the run's group
+        CRSVGroup* category = tool.OpenGroup(1, kCategoryDescription);
+        ASSERT_NE(category, nullptr);
+        CRSVGroup* group = tool.CreateGroup(category, "Material");
+        const int marker[] = {7};
+        tool.CreateArray(group, "Result1", kTypeInt32, 1, 1)->WriteArray(marker);
+    }
+    {
+        MATIO_RSVManipulator manipulator(file.c_str());
+        MaterialPtr material = loadSample(kThermoplastic);
+        EXPECT_TRUE(manipulator.AddMaterial(material.get(), "Part", kRun1Plastic));
+        EXPECT_EQ(manipulator.GetMaterialCount(), 1);
+    }
+    RawFile raw(file);
+    EXPECT_EQ(raw.links(description), 1u);
+    EXPECT_EQ(raw.dimensions(description + "/Result1"), (std::vector<hsize_t>{1, 1}));
+    EXPECT_TRUE(raw.exists("/Vantrell/Run1/Material/Material 1/Summary"));
+}

@@ -417,3 +417,68 @@ TEST_F(StoreTest, NullHandlesEmptyNamesAndTheMarkerAreRefused) {
     EXPECT_EQ(table_info.num_attrs, 2u);  // the marker and Count
     H5Fclose(raw);
 }
+
+TEST_F(StoreTest, TheTableMarkerIsNoItem) {
+    ASSERT_EQ(tool.Create(file, 4, 13, 0), 0);
+    CRSVTable* table = tool.CreateTable(tool.CreateGroup(tool.OpenGroup(1), "Material"), "T");
+    ASSERT_NE(table, nullptr);
+    std::string text = "kept";
+    EXPECT_EQ(table->GetItem("RSV_CLASS", &text), -1);
+    EXPECT_EQ(text, "kept");
+}
+
+TEST_F(StoreTest, FailureValuesAreMinusOne) {
+    EXPECT_EQ(tool.WriteAttribute(nullptr, "Material Type", 1), -1);
+    // A file that carries the HDF5 signature and nothing else is taken for HDF5 and then cannot
+    // be opened.
+    qrvtest::writeFile(file, std::string("\x89HDF\r\n\x1a\n", 8));
+    EXPECT_EQ(tool.Open(file), -1);
+    EXPECT_EQ(tool.OpenGroup(1), nullptr);
+}
+
+TEST_F(StoreTest, TextsAreStoredWithTheirTerminator) {
+    ASSERT_EQ(tool.Create(file, 4, 13, 0), 0);
+    CRSVGroup* run = tool.OpenGroup(1);
+    ASSERT_EQ(tool.WriteAttribute(run, "Material", "PP"), 0);
+    tool.Close();
+    hid_t raw = H5Fopen(file.c_str(), H5F_ACC_RDONLY, H5P_DEFAULT);
+    ASSERT_GE(raw, 0);
+    hid_t attribute = H5Aopen_by_name(raw, "/Vantrell/Run1", "Material", H5P_DEFAULT, H5P_DEFAULT);
+    ASSERT_GE(attribute, 0);
+    hid_t type = H5Aget_type(attribute);
+    EXPECT_EQ(H5Tget_size(type), 3u);  // "PP" and its NUL
+    EXPECT_EQ(H5Tget_strpad(type), H5T_STR_NULLTERM);
+    H5Tclose(type);
+    H5Aclose(attribute);
+    H5Fclose(raw);
+}
+
+TEST_F(StoreTest, VariableLengthTextItemsOfOtherWritersAreRead) {
+    // Another program may store a text item as an HDF5 variable-length string.
+    ASSERT_EQ(tool.Create(file, 4, 13, 0), 0);
+    ASSERT_NE(tool.CreateTable(tool.CreateGroup(tool.OpenGroup(1), "Material"), "Summary"),
+              nullptr);
+    tool.Close();
+    hid_t raw = H5Fopen(file.c_str(), H5F_ACC_RDWR, H5P_DEFAULT);
+    ASSERT_GE(raw, 0);
+    hid_t group = H5Gopen2(raw, "/Vantrell/Run1/Material/Summary", H5P_DEFAULT);
+    ASSERT_GE(group, 0);
+    hid_t type = H5Tcopy(H5T_C_S1);
+    H5Tset_size(type, H5T_VARIABLE);
+    hid_t space = H5Screate(H5S_SCALAR);
+    hid_t attribute = H5Acreate2(group, "Polymer", type, space, H5P_DEFAULT, H5P_DEFAULT);
+    const char* text = "Polyamide 66";
+    EXPECT_GE(H5Awrite(attribute, type, &text), 0);
+    H5Aclose(attribute);
+    H5Sclose(space);
+    H5Tclose(type);
+    H5Gclose(group);
+    H5Fclose(raw);
+
+    ASSERT_EQ(tool.Open(file), 0);
+    CRSVTable* table = tool.OpenTable(tool.OpenGroup(1, kCategoryMaterial), "Summary");
+    ASSERT_NE(table, nullptr);
+    std::string read;
+    EXPECT_EQ(table->GetItem("Polymer", &read), 0);
+    EXPECT_EQ(read, "Polyamide 66");
+}
