@@ -7,6 +7,14 @@
 //
 // A RunItemId packs a run and an item: the run is the id divided by 65536, truncating, so the
 // first plastic of run 1 is 65536 + 4096.
+//
+// Sharing the process's HDF5 with the host: each call turns HDF5's error printing off for its own
+// length only, so the host's own HDF5 calls between the library's print as the host set them.
+// While a manipulator alone holds its file, the file gets a small metadata cache (64 KiB), put
+// back to what the host had when the manipulator lets go of a file the host also holds open. The
+// numbering of materials counts the members of a group once per open file and then follows the
+// manipulator's own adds: members that the host adds through HDF5 while a manipulator holds the
+// file are seen only after the file is opened again.
 #ifndef QUORVALIB_RUNFILE_H
 #define QUORVALIB_RUNFILE_H
 
