@@ -355,3 +355,19 @@ TEST(RecordToStream, WhatIsNotWrittenNeedsNothing) {
     EXPECT_EQ(source, 0);
     EXPECT_EQ(count, 0);
 }
+
+TEST(RecordToStream, AnUnknownObjectClassMovesNoBlockAndSoRefusesNone) {
+    // Negative counts and null arrays in every block: a reason for each of the three classes,
+    // none for a class that carries no blocks.
+    MaterialPtr m = fullRecord(1, 9999);
+    for (auto member : qrv::kBlocks) {
+        QrvMatParam& block = m.get()->*member;
+        delete[] block.Para;
+        block.Para = nullptr;
+        block.Count = -1;
+    }
+    for (int objType : {0, 1, 2})
+        EXPECT_NE(qrv::unwritableReason(*m, objType), nullptr) << objType;
+    for (int objType : {-1, 3, 4, 1000})
+        EXPECT_EQ(qrv::unwritableReason(*m, objType), nullptr) << objType;
+}

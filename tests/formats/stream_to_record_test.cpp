@@ -328,6 +328,18 @@ TEST(StreamToRecord, EmptyScorchAndPowderBlocksOfAThermosetAreCleared) {
     EXPECT_NE(material->Vis.Para, nullptr);
 }
 
+// One value is already a block to keep: only a count of 0 or below clears it.
+TEST(StreamToRecord, OneValueScorchAndPowderBlocksOfAThermosetAreKept) {
+    const BlockData si{55, 3, {171.5}}, pw{66, 4, {2.25}};
+    Sample s = named(1, 2, "EP", 9018);
+    s.blocks[9] = si;
+    s.blocks[11] = pw;
+    auto material = load(s, true);
+    ASSERT_NE(material, nullptr);
+    expectBlock(material->SI, si, "SI");
+    expectBlock(material->PW, pw, "PW");
+}
+
 TEST(StreamToRecord, NonPolymerBlocksAndDensity) {
     Sample s = metalWithComment("Steel D=7.85 g/cc at room temperature");
     s.blocks[2] = {1000, 1, {5e6}};
