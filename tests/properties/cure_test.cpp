@@ -232,6 +232,22 @@ TEST(IsothermalConversion, OuterStepsStopAfter1000) {
     EXPECT_NEAR(QrvGetConversion(record.get(), 150.0, 0.0, -1.0), 0.999, 1e-11);
 }
 
+TEST(IsothermalConversion, ARestOfTheSpanAbove1e10GetsAStepOfItsOwn) {
+    // A constant rate r = 0.002 / (0.5 - rest): the first step is shortened to 0.001/r, and so is
+    // the doubled second one (capped at the 0.25 + rest/2 that remain, it would still move x by
+    // more than 0.001), which leaves rest. A rest above 1e-10 takes one more step and the whole
+    // span adds r/2; a smaller one is dropped, and two steps add exactly 0.002.
+    const double x0 = 0.25;
+    for (double rest : {1.5e-10, 1.1e-10, 0.9e-10, 0.5e-10}) {
+        const double r = 0.002 / (0.5 - rest);
+        auto record = thermoset(constantRate(r));
+        const double got = QrvGetConversion(record.get(), 150.0, 0.0, x0);
+        const double want = rest > 1e-10 ? x0 + 0.5 * r : x0 + 0.002;
+        EXPECT_NEAR(got, want, 1e-15) << rest;
+        EXPECT_GT(std::fabs((x0 + 0.5 * r) - (x0 + 0.002)), 1e-13);
+    }
+}
+
 TEST(IsothermalConversion, StartBelowZeroIsClampedToZero) {
     // A constant rate of 0.01: the first step is shortened to 0.001/0.01 = 0.1 time units and
     // lands on 0 instead of -0.499; the remaining 0.4 time units add 0.004.
@@ -375,6 +391,43 @@ TEST(RampConversion, CorrectorStopsAfter100Rounds) {
     EXPECT_NEAR(got, afterRounds(100), 1e-13);
     for (int other : {99, 101, 40, 1000})
         EXPECT_GT(std::fabs(got - afterRounds(other)), 1e-9) << other;
+}
+
+TEST(RampConversion, CorrectorStopsAtTheFirstChangeOf1e15OrLess) {
+    // The affine corrector of CorrectorStopsAfter100Rounds with b = -40 (factors -0.5 on xh and
+    // -1/3 on xf), near x = 0.001 where a double resolves 2e-19: the change of xf shrinks about
+    // twofold a round and falls to 1e-15 after some 40 rounds. Stopping there leaves xf a few
+    // 1e-16 short of where 100 rounds would take it.
+    const double b = -40.0, x0 = 0.001, r0 = 0.005, a = r0 - b * x0;
+    auto record = thermoset(affineRate(a, b));
+    const RampSteps steps = rampSteps(0.0, 1.0, r0);
+    ASSERT_EQ(steps.count, 2);
+    const double h = steps.h, hh = 0.5 * h;
+    const double l1 = hh * b / 2.0, l2 = h * b / 6.0;
+    auto substep = [&](double x, int rounds) {
+        const double xh0 = x + hh * r0;
+        const double xf0 = xh0 + hh * r0;
+        const double xh = (x + hh / 2.0 * (a + r0)) / (1.0 - l1);
+        const double xf = (x + h / 6.0 * (5.0 * a + 4.0 * b * xh + r0)) / (1.0 - l2);
+        const double e0 = xh0 - xh, f0 = xf0 - xf;
+        return xf + std::pow(l2, rounds) * f0 +
+               4.0 * l2 * e0 * (std::pow(l1, rounds) - std::pow(l2, rounds)) / (l1 - l2);
+    };
+    // The first round whose change is 1e-15 or less, with a margin that rounding cannot cross.
+    auto settle = [&](double x) {
+        int round = 1;
+        while (std::fabs(substep(x, round) - substep(x, round - 1)) > 1e-15)
+            ++round;
+        EXPECT_LT(std::fabs(substep(x, round) - substep(x, round - 1)), 0.95e-15);
+        EXPECT_GT(std::fabs(substep(x, round - 1) - substep(x, round - 2)), 1.05e-15);
+        EXPECT_LT(round, 100);
+        return substep(x, round);
+    };
+    const double want = settle(settle(x0));
+    const double full = substep(substep(x0, 100), 100);
+    ASSERT_GT(std::fabs(want - full), 1e-16);
+    const double got = QrvGetConversion(record.get(), 0.0, 1.0, x0);
+    EXPECT_NEAR(got, want, 2e-17);
 }
 
 TEST(RampConversion, AffineRateSettlesAtTheFixedPoint) {

@@ -180,6 +180,23 @@ TEST(NonPlastic, DistinctPlacesOfMech) {
     EXPECT_EQ(QrvGetNonPlastic_CLTE(record.get()), 15);
 }
 
+TEST(NonPlastic, CountsDecideWhatIsRead) {
+    auto record = metal();
+    // Any count from one up has a first value.
+    setBlock(record->Cp, 1, {4.7e6, 9.9e6});
+    EXPECT_EQ(QrvGetNonPlastic_Cp(record.get()), 4.7e6);
+    // The expansion stands at place 5: five counted values do not reach it, even with a sixth
+    // value lying in the array behind them.
+    delete[] record->Mech.Para;
+    record->Mech.Para = new double[6]{10, 11, 12, 13, 14, 99};
+    record->Mech.Count = 5;
+    EXPECT_EQ(QrvGetNonPlastic_PR(record.get()), 10);
+    EXPECT_EQ(QrvGetNonPlastic_EM(record.get()), 12);
+    EXPECT_EQ(QrvGetNonPlastic_CLTE(record.get()), -1.0);
+    record->Mech.Count = 6;
+    EXPECT_EQ(QrvGetNonPlastic_CLTE(record.get()), 99);
+}
+
 TEST(NonPlastic, ThermosetPassesThermoplasticDoesNot) {
     auto record = metal();
     record->FileType = QRV_TYPE_THERMOSET;

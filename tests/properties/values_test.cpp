@@ -440,6 +440,16 @@ TEST(LinearShrinkage, GeneratedSamples) {
     EXPECT_NEAR(QrvGetLinearShrinkage(amorphous.get()), 1.404246531010247, 1e-12);
 }
 
+TEST(LinearShrinkage, TakenAtNoConversion) {
+    // Spencer-Gilmore-C, V = V0 + (1 - Zeta x) R T/(P + P0): with x = 0 its volumes are those of
+    // the plain form, whatever Zeta is.
+    auto record = makeRecord(kThermoset);
+    setBlock(record->PVT, 6, {0.85, 3.2e9, 2.6e5, 0.5});
+    const double v1 = 0.85 + 2.6e5 * (25.0 + 273.15) / (0.0 + 3.2e9);
+    const double v2 = 0.85 + 2.6e5 * (250.0 + 273.15) / (1e9 + 3.2e9);
+    EXPECT_NEAR(QrvGetLinearShrinkage(record.get()), std::cbrt((v2 - v1) / v1 * 100.0), 1e-13);
+}
+
 TEST(LinearShrinkage, FormulaAndItsSentinels) {
     auto record = makeRecord(kThermoset);
     setBlock(record->PVT, 2, {0.85, 3.2e9, 2.6e5});
