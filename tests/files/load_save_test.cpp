@@ -6,6 +6,8 @@
 #include <quorvalib/manipulator.h>
 #include <quorvalib/measured.h>
 
+#include <unistd.h>
+
 #include <cstdint>
 #include <filesystem>
 #include <limits>
@@ -90,6 +92,37 @@ bool fibreAbove0(const QrvMaterial& m) {
 }
 
 }  // namespace
+
+TEST(LoadSave, AGoodFileOfAShortNameIsStillRefused) {
+    qrvtest::TempFolder folder;
+    qrvtest::WorkingFolder here(folder.root());
+    MaterialPtr m = newRecord(1, 7101);
+    ASSERT_EQ(QrvSaveMaterial("a.mtr", m.get()), 1);
+    std::filesystem::copy_file("a.mtr", "a.mt");
+    EXPECT_EQ(QrvGetMaterial("a.mt"), nullptr);
+    EXPECT_EQ(QrvGetMaterialRIM("a.mt"), nullptr);
+    // The same bytes under five characters load, by either call.
+    EXPECT_NE(get("a.mtr"), nullptr);
+    EXPECT_NE(qrvtest::adopt(QrvGetMaterialRIM("a.mtr")), nullptr);
+}
+
+// A process started without standard input gets descriptor 0 from its next open.
+TEST(LoadSave, DescriptorZeroIsAFileLikeAnyOther) {
+    qrvtest::TempFolder folder;
+    qrvtest::WorkingFolder here(folder.root());
+    MaterialPtr m = newRecord(1, 7101);
+    ASSERT_EQ(QrvSaveMaterial("old.mtr", m.get()), 1);
+    writeFile("old.mat", "an old name with content");
+    const int input = ::dup(0);
+    ASSERT_GE(input, 0);
+    ::close(0);
+    MaterialPtr byOldName = get("old.mat");
+    MaterialPtr byName = get("old.mtr");
+    ::dup2(input, 0);
+    ::close(input);
+    EXPECT_NE(byOldName, nullptr);
+    EXPECT_NE(byName, nullptr);
+}
 
 TEST(LoadSave, NamesOfFourCharactersOrFewerAreRefusedBeforeAnyFileAccess) {
     qrvtest::TempFolder folder;
