@@ -111,6 +111,7 @@ TEST(MetalBank, DensityFromTheComment) {
         {"g/cc D=7.85", 0.0},            // the unit ahead of the mark
         {"in g/cc: D=7.85 g/cm3", 0.0},  // "g/cc" is found first, ahead of the mark
         {"Alloy D= 2.7 g/cm3 cast", 2.7},
+        {"Foam D=-0.5 g/cc", -0.5},  // a number not above 0 is taken as it stands
         {"no density", 0.0},
     };
     for (const auto& [comment, density] : comments)
