@@ -478,6 +478,18 @@ TEST(RampConversion, SubstepCountsPastAnIntSkipTheStep) {
     const double x0 = 0.3;
     EXPECT_EQ(QrvGetConversion(record.get(), 0.0, 100.0 / 2147483647.25, x0), x0);
     EXPECT_EQ(QrvGetConversion(record.get(), 0.0, 1e-10, x0), x0);
+    // Counts just past the ends of an int, 2^31 and just below INT_MIN - 1 (a falling rate asks
+    // for a negative count), are skipped as well, without a conversion that overflows.
+    auto falling = thermoset(constantRate(-1.0));
+    for (double count : {2147483648.0, -2147483649.05}) {
+        const double r0 = count > 0 ? 1.0 : -1.0;
+        double beta = 100.0 / std::fabs(count - 0.5);
+        for (int i = 0; i < 64 && 0.1 / (0.001 / r0 * beta) + 0.5 != count; ++i)
+            beta = std::nextafter(
+                beta, (0.1 / (0.001 / r0 * beta) + 0.5 < count) == (r0 > 0) ? 0.0 : 1.0);
+        ASSERT_EQ(0.1 / (0.001 / r0 * beta) + 0.5, count);
+        EXPECT_EQ(QrvGetConversion((r0 > 0 ? record : falling).get(), 0.0, beta, x0), x0) << count;
+    }
     // A slower rate at the same heating rate asks for a few substeps and cures.
     auto slow = thermoset(constantRate(1e-11));
     EXPECT_NEAR(QrvGetConversion(slow.get(), 0.0, 1e-10, x0), x0 + 1e-11 * 0.1 / 1e-10, 1e-14);
