@@ -140,6 +140,31 @@ TEST_F(MemberCountTest, AGroupReachedByTwoPathsHasOneCount) {
     EXPECT_EQ(alias->GetGroupCount(), 1u);
 }
 
+TEST_F(MemberCountTest, ADanglingLinkCountsAsNothingAndTheCountGoesOnPastIt) {
+    {
+        CRSVTool tool;
+        ASSERT_EQ(tool.Create(file, 4, 13, 0), 0);
+        ASSERT_NE(tool.CreateGroup(tool.OpenGroup(1), "Mixed"), nullptr);
+    }
+    {
+        // Links to nothing first, by name and by order of creation, then the members.
+        Editor editor(file);
+        ASSERT_TRUE(editor.open());
+        editor.softLink("/nowhere", "/Vantrell/Run1/Mixed/A");
+        editor.group("/Vantrell/Run1/Mixed/B");
+        editor.softLink("/nowhere/else", "/Vantrell/Run1/Mixed/C");
+        editor.group("/Vantrell/Run1/Mixed/D");
+        editor.array("/Vantrell/Run1/Mixed/E");
+        editor.array("/Vantrell/Run1/Mixed/F");
+    }
+    CRSVTool tool;
+    ASSERT_EQ(tool.Open(file), 0);
+    CRSVGroup* mixed = tool.OpenGroup(tool.OpenGroup(1), "Mixed");
+    ASSERT_NE(mixed, nullptr);
+    EXPECT_EQ(mixed->GetGroupCount(), 2u);
+    EXPECT_EQ(mixed->GetArrayCount(), 2u);
+}
+
 TEST_F(MemberCountTest, ACloseDropsTheCountsSoChangesBetweenOpensAreSeen) {
     CRSVTool tool;
     ASSERT_EQ(tool.Create(file, 4, 13, 0), 0);

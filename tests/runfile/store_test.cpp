@@ -208,6 +208,15 @@ TEST_F(StoreTest, OneRowArrayGivesOneAndItsElementCount) {
     EXPECT_EQ(tool.OpenArray(group, "Missing"), nullptr);
 }
 
+TEST_F(StoreTest, ATextMemberOfOneByteIsAMember) {
+    // One byte holds the terminator alone: an empty text, but a member all the same.
+    ASSERT_EQ(tool.Create(file, 4, 13, 0), 0);
+    const int type = tool.BeginCreateCompoundDataType(1);
+    ASSERT_GE(type, 0);
+    EXPECT_EQ(tool.AddCompoundDataTypeFixedLengthStringMember(type, "Flag", 0, 1), 0);
+    EXPECT_EQ(tool.EndCreateCompoundDataType(type), 0);
+}
+
 TEST_F(StoreTest, CompoundTypeHandlesStayApartFromTypeCodes) {
     ASSERT_EQ(tool.Create(file, 4, 13, 0), 0);
     CRSVGroup* group = tool.CreateGroup(tool.OpenGroup(1), "Rows");
