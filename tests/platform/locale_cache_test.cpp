@@ -81,6 +81,32 @@ TEST(SystemLocaleCache, FollowsEveryChangeOfTheEnvironment) {
     EXPECT_EQ(std::locale().name(), "C");
 }
 
+// A variable removed again is a change too: the name goes back to the one of the environment
+// without it.
+TEST(SystemLocaleCache, AVariableRemovedAgainIsAChange) {
+    if (!systemHas("C.UTF-8")) GTEST_SKIP() << "no C.UTF-8 locale on this system";
+    std::locale::global(std::locale::classic());
+    const char* variables[] = {
+        "LC_ALL",       "LC_CTYPE",       "LC_NUMERIC",        "LC_TIME", "LC_COLLATE",
+        "LC_MONETARY",  "LC_MESSAGES",    "LC_PAPER",          "LC_NAME", "LC_ADDRESS",
+        "LC_TELEPHONE", "LC_MEASUREMENT", "LC_IDENTIFICATION", "LANG"};
+    std::vector<std::unique_ptr<Variable>> unset;
+    for (const char* name : variables)
+        unset.push_back(std::make_unique<Variable>(name, nullptr));
+    CQRVLocale locale;
+    EXPECT_STREQ(locale.GetSystemDefaultLocale(), "C");
+    {
+        Variable lang("LANG", "C.UTF-8");
+        EXPECT_STREQ(locale.GetSystemDefaultLocale(), "C.UTF-8");
+    }
+    EXPECT_STREQ(locale.GetSystemDefaultLocale(), "C");
+    {
+        Variable all("LC_ALL", "C.UTF-8");
+        EXPECT_STREQ(locale.GetSystemDefaultLocale(), "C.UTF-8");
+    }
+    EXPECT_STREQ(locale.GetSystemDefaultLocale(), "C");
+}
+
 // Only a variable of exactly the name counts: LANGUAGE, which stands before LANG in the
 // environment here, is not LANG, so a change of LANG is seen.
 TEST(SystemLocaleCache, AVariableWhoseNameOnlyBeginsAlikeIsNotTaken) {
