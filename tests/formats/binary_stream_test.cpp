@@ -203,6 +203,10 @@ TEST(ByteReader, SeeksOutsideTheBytesFailAndACountMustFitThem) {
     atEnd.Io().seekg(7);  // the end itself is a place
     EXPECT_FALSE(atEnd.Failed());
     EXPECT_EQ(atEnd.BytesLeft(), 0u);
+    CQrvByteReader fromMiddle(bytes.data(), bytes.size());
+    fromMiddle.Io().seekg(4);
+    fromMiddle.Io().seekg(4, std::ios::cur);  // one past the end, counted from the middle
+    EXPECT_TRUE(fromMiddle.Failed());
 
     // Only the first five bytes are the reader's: a text of 3 does not fit in the 1 left.
     CQrvByteReader cut(bytes.data(), 5);
@@ -261,4 +265,30 @@ TEST(BinaryStream, AStreamWithoutAMeasurableEndHoldsNothingMore) {
         EXPECT_EQ(count, 11);
         EXPECT_TRUE(in.Failed());
     }
+}
+
+namespace {
+
+// Bytes in memory that can be read but cannot tell or change their position.
+class UntellableBuffer : public std::stringbuf {
+public:
+    explicit UntellableBuffer(const std::string& bytes)
+        : std::stringbuf(bytes, std::ios::in | std::ios::binary) {}
+
+protected:
+    pos_type seekoff(off_type, std::ios::seekdir, std::ios::openmode) override {
+        return pos_type(off_type(-1));
+    }
+};
+
+}  // namespace
+
+TEST(BinaryStream, AStreamThatCannotTellItsPositionHasNothingLeftAndReadsOn) {
+    UntellableBuffer buffer(Bytes().word(5).raw("ABCD").str());
+    std::iostream io(&buffer);
+    CQrvBinaryStream in(io);
+    EXPECT_EQ(in.BytesLeft(), 0u);
+    std::int32_t word = 0;
+    EXPECT_TRUE(in.ReadInt(word));
+    EXPECT_EQ(word, 5);
 }

@@ -267,7 +267,10 @@ TEST(BlockText, FieldsOfARun) {
     EXPECT_STREQ(QrvBlockText("a$bb$ccc$", 3), "ccc");
     EXPECT_STREQ(QrvBlockText("a$bb$ccc$", 4), "");
     EXPECT_STREQ(QrvBlockText("a$bb$ccc", 3), "ccc");  // the last field may lack its '$'
-    EXPECT_STREQ(QrvBlockText("abc", 1), "");          // a run with no '$' gives nothing
+    // A field holds at most 511 characters, the buffer's last place is its terminator.
+    const std::string longField = "a$" + std::string(600, 'x') + "$b";
+    EXPECT_EQ(std::string(QrvBlockText(longField.c_str(), 2)), std::string(511, 'x'));
+    EXPECT_STREQ(QrvBlockText("abc", 1), "");  // a run with no '$' gives nothing
     EXPECT_STREQ(QrvBlockText("", 1), "");
     EXPECT_STREQ(QrvBlockText("$x$", 1), "");
     EXPECT_STREQ(QrvBlockText("a$b$", 0), "");

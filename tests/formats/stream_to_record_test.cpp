@@ -218,6 +218,26 @@ TEST(StreamToRecord, ThermoplasticBlocksByVersion) {
     }
 }
 
+// Measured curves come with body version 9009, the MTC list a version later.
+TEST(StreamToRecord, MeasuredCurvesFrom9009) {
+    Sample s = named(0, 1, "PP", 9009);
+    s.sections["vis"] = Bytes()
+                            .word(21)
+                            .real(0.5)
+                            .word(1)
+                            .text("std")
+                            .real(190.0)
+                            .word(2)
+                            .reals({30, 300})
+                            .reals({2150, 980})
+                            .str();
+    auto material = load(s);
+    ASSERT_NE(material, nullptr);
+    ASSERT_NE(material->VisRaw, nullptr);
+    EXPECT_EQ(material->VisRaw->GetCurveCount(), 1);
+    EXPECT_EQ(material->MTC, nullptr);
+}
+
 TEST(StreamToRecord, MeasuredCurvesAndMTCData) {
     Sample s = named(0, 1, "PP", 9010);
     s.sections["vis"] = Bytes()

@@ -365,19 +365,17 @@ TEST(RampConversion, KeepsTheSectionRateForAllSubsteps) {
         }
 }
 
-TEST(RampConversion, CorrectorStopsAfter100Rounds) {
-    // r(x) = a + b x with r0 = 0.005 at beta = 1: the step of 0.001/r0 is longer than 0.1/beta, so
-    // there are two substeps of h = 0.05. The corrector is then affine in (xh, xf):
-    //   xh' = x + hh/2 (a + b xh + r0),  xf' = x + h/6 (5a + b xf + 4 b xh + r0),
-    // with factors l1 = hh b/2 on xh and l2 = h b/6 on xf. A b of -79.2 makes l1 = -0.99, far
-    // from settling within 100 rounds; the value after k rounds is a sum of geometric terms.
-    const double b = -79.2, x0 = 0.5, r0 = 0.005, a = r0 - b * x0;
-    auto record = thermoset(affineRate(a, b));
-    const RampSteps steps = rampSteps(0.0, 1.0, r0);
-    ASSERT_EQ(steps.count, 2);
-    const double h = steps.h, hh = 0.5 * h;
-    const double l1 = hh * b / 2.0, l2 = h * b / 6.0;
-    auto substep = [&](double x, int rounds) {
+// The corrector of one substep of h for r(x) = a + b x with the section rate r0 is affine in
+// (xh, xf):
+//   xh' = x + hh/2 (a + b xh + r0),  xf' = x + h/6 (5a + b xf + 4 b xh + r0),
+// with factors l1 = hh b/2 on xh and l2 = h b/6 on xf, so xf after k rounds from the predictor
+// is its fixed point plus a sum of geometric terms.
+struct AffineCorrector {
+    double a, b, r0, h;
+
+    double after(double x, int rounds) const {
+        const double hh = 0.5 * h;
+        const double l1 = hh * b / 2.0, l2 = h * b / 6.0;
         const double xh0 = x + hh * r0;
         const double xf0 = xh0 + hh * r0;
         const double xh = (x + hh / 2.0 * (a + r0)) / (1.0 - l1);
@@ -385,9 +383,29 @@ TEST(RampConversion, CorrectorStopsAfter100Rounds) {
         const double e0 = xh0 - xh, f0 = xf0 - xf;
         return xf + std::pow(l2, rounds) * f0 +
                4.0 * l2 * e0 * (std::pow(l1, rounds) - std::pow(l2, rounds)) / (l1 - l2);
-    };
+    }
+};
+
+// A ramp from 0 degree at beta = 1 with r(x) = a + b x and the rate r0 at x0. The step of
+// 0.001/r0 (r0 below 0.01) is longer than 0.1/beta, so there are two substeps of h = 0.05.
+struct AffineRamp {
+    qrvtest::MaterialPtr record;
+    AffineCorrector corrector;
+};
+AffineRamp affineRamp(double b, double x0, double r0) {
+    const double a = r0 - b * x0;
+    const RampSteps steps = rampSteps(0.0, 1.0, r0);
+    EXPECT_EQ(steps.count, 2);
+    return {thermoset(affineRate(a, b)), {a, b, r0, steps.h}};
+}
+
+TEST(RampConversion, CorrectorStopsAfter100Rounds) {
+    // r0 = 0.005: a b of -79.2 makes l1 = -0.99, far from settling within 100 rounds.
+    const double x0 = 0.5;
+    const AffineRamp ramp = affineRamp(-79.2, x0, 0.005);
+    auto substep = [&](double x, int rounds) { return ramp.corrector.after(x, rounds); };
     auto afterRounds = [&](int rounds) { return substep(substep(x0, rounds), rounds); };
-    const double got = QrvGetConversion(record.get(), 0.0, 1.0, x0);
+    const double got = QrvGetConversion(ramp.record.get(), 0.0, 1.0, x0);
     EXPECT_NEAR(got, afterRounds(100), 1e-13);
     for (int other : {99, 101, 40, 1000})
         EXPECT_GT(std::fabs(got - afterRounds(other)), 1e-9) << other;
@@ -398,21 +416,9 @@ TEST(RampConversion, CorrectorStopsAtTheFirstChangeOf1e15OrLess) {
     // -1/3 on xf), near x = 0.001 where a double resolves 2e-19: the change of xf shrinks about
     // twofold a round and falls to 1e-15 after some 40 rounds. Stopping there leaves xf a few
     // 1e-16 short of where 100 rounds would take it.
-    const double b = -40.0, x0 = 0.001, r0 = 0.005, a = r0 - b * x0;
-    auto record = thermoset(affineRate(a, b));
-    const RampSteps steps = rampSteps(0.0, 1.0, r0);
-    ASSERT_EQ(steps.count, 2);
-    const double h = steps.h, hh = 0.5 * h;
-    const double l1 = hh * b / 2.0, l2 = h * b / 6.0;
-    auto substep = [&](double x, int rounds) {
-        const double xh0 = x + hh * r0;
-        const double xf0 = xh0 + hh * r0;
-        const double xh = (x + hh / 2.0 * (a + r0)) / (1.0 - l1);
-        const double xf = (x + h / 6.0 * (5.0 * a + 4.0 * b * xh + r0)) / (1.0 - l2);
-        const double e0 = xh0 - xh, f0 = xf0 - xf;
-        return xf + std::pow(l2, rounds) * f0 +
-               4.0 * l2 * e0 * (std::pow(l1, rounds) - std::pow(l2, rounds)) / (l1 - l2);
-    };
+    const double x0 = 0.001;
+    const AffineRamp ramp = affineRamp(-40.0, x0, 0.005);
+    auto substep = [&](double x, int rounds) { return ramp.corrector.after(x, rounds); };
     // The first round whose change is 1e-15 or less, with a margin that rounding cannot cross.
     auto settle = [&](double x) {
         int round = 1;
@@ -426,7 +432,7 @@ TEST(RampConversion, CorrectorStopsAtTheFirstChangeOf1e15OrLess) {
     const double want = settle(settle(x0));
     const double full = substep(substep(x0, 100), 100);
     ASSERT_GT(std::fabs(want - full), 1e-16);
-    const double got = QrvGetConversion(record.get(), 0.0, 1.0, x0);
+    const double got = QrvGetConversion(ramp.record.get(), 0.0, 1.0, x0);
     EXPECT_NEAR(got, want, 2e-17);
 }
 
