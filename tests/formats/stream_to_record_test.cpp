@@ -218,19 +218,28 @@ TEST(StreamToRecord, ThermoplasticBlocksByVersion) {
     }
 }
 
+namespace {
+
+// A measured-viscosity section of one curve of two points at 190 degree C.
+std::string oneViscosityCurve() {
+    return Bytes()
+        .word(21)
+        .real(0.5)
+        .word(1)
+        .text("std")
+        .real(190.0)
+        .word(2)
+        .reals({30, 300})
+        .reals({2150, 980})
+        .str();
+}
+
+}  // namespace
+
 // Measured curves come with body version 9009, the MTC list a version later.
 TEST(StreamToRecord, MeasuredCurvesFrom9009) {
     Sample s = named(0, 1, "PP", 9009);
-    s.sections["vis"] = Bytes()
-                            .word(21)
-                            .real(0.5)
-                            .word(1)
-                            .text("std")
-                            .real(190.0)
-                            .word(2)
-                            .reals({30, 300})
-                            .reals({2150, 980})
-                            .str();
+    s.sections["vis"] = oneViscosityCurve();
     auto material = load(s);
     ASSERT_NE(material, nullptr);
     ASSERT_NE(material->VisRaw, nullptr);
@@ -240,16 +249,7 @@ TEST(StreamToRecord, MeasuredCurvesFrom9009) {
 
 TEST(StreamToRecord, MeasuredCurvesAndMTCData) {
     Sample s = named(0, 1, "PP", 9010);
-    s.sections["vis"] = Bytes()
-                            .word(21)
-                            .real(0.5)
-                            .word(1)
-                            .text("std")
-                            .real(190.0)
-                            .word(2)
-                            .reals({30, 300})
-                            .reals({2150, 980})
-                            .str();
+    s.sections["vis"] = oneViscosityCurve();
     Bytes mtc;
     mtc.word(1000).word(1).word(2).word(1).word(1);
     mtc.word(4).word(9).word(2);
