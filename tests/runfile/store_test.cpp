@@ -299,17 +299,19 @@ TEST_F(StoreTest, AttributesGoOnGroupsAndArrays) {
     EXPECT_EQ(tool.WriteAttribute(run, "Material", "PP(Maker Grade)"), 0);
     EXPECT_EQ(tool.WriteAttribute(nullptr, "Material", "x"), -1);
     EXPECT_EQ(tool.WriteAttribute(run, "Material", static_cast<const char*>(nullptr)), -1);
+    CRSVArray* array = tool.CreateArray(run, "Values", kTypeDouble, 1, 3);
+    ASSERT_NE(array, nullptr);
+    EXPECT_EQ(tool.WriteAttribute(array, "Material Type", 7), 0);
+    EXPECT_EQ(tool.WriteAttribute(array, "Unit", "cm"), 0);
     tool.Close();
-    hid_t raw = H5Fopen(file.c_str(), H5F_ACC_RDONLY, H5P_DEFAULT);
-    ASSERT_GE(raw, 0);
-    hid_t attribute =
-        H5Aopen_by_name(raw, "/Vantrell/Run1", "Material Type", H5P_DEFAULT, H5P_DEFAULT);
-    ASSERT_GE(attribute, 0);
-    int value = 0;
-    EXPECT_GE(H5Aread(attribute, H5T_NATIVE_INT, &value), 0);
-    EXPECT_EQ(value, -1);
-    H5Aclose(attribute);
-    H5Fclose(raw);
+    qrvtest::RawFile raw(file);
+    ASSERT_GE(raw.id(), 0);
+    EXPECT_EQ(raw.intAttribute("/Vantrell/Run1", "Material Type"), -1);
+    EXPECT_EQ(raw.textAttribute("/Vantrell/Run1", "Material"), "PP(Maker Grade)");
+    // On the array itself, not on its group.
+    EXPECT_EQ(raw.intAttribute("/Vantrell/Run1/Values", "Material Type"), 7);
+    EXPECT_EQ(raw.textAttribute("/Vantrell/Run1/Values", "Unit"), "cm");
+    EXPECT_EQ(raw.textAttribute("/Vantrell/Run1", "Unit"), "<missing>");
 }
 
 TEST_F(StoreTest, CloseReleasesHandlesStillOpenAndRefusesForeignOnes) {
