@@ -76,11 +76,12 @@ protected:
     // The file at path holds the samples first, as stored, and then more (at most `more`)
     // materials; answers how many more.
     int expectStoredFirst(const std::string& path, const std::vector<Sample>& samples, int more) {
-        MATIO_RSVManipulator reader(path.c_str());
-        const int count = reader.GetMaterialCount();
+        const int count = MATIO_RSVManipulator(path.c_str()).GetMaterialCount();
         EXPECT_GE(count, static_cast<int>(samples.size()));
         EXPECT_LE(count, static_cast<int>(samples.size()) + more);
         for (size_t i = 0; i < samples.size() && static_cast<int>(i) < count; ++i) {
+            // One reader per record: the manipulator keeps only the last record it read.
+            MATIO_RSVManipulator reader(path.c_str());
             QrvMaterial* back = reader.GetMaterial(static_cast<int>(i));
             EXPECT_NE(back, nullptr) << i;
             if (back) expectMaterial(*back, afterRunFile(sampleRecord(samples[i])));
@@ -212,14 +213,15 @@ protected:
                     EXPECT_EQ(more, retried);
                 }
                 EXPECT_GE(more, retried);
-                MATIO_RSVManipulator reader(file.c_str());
                 const int first = static_cast<int>(before.size());
                 if (more - retried == 1) {
+                    MATIO_RSVManipulator reader(file.c_str());
                     QrvMaterial* part = reader.GetMaterial(first);
                     ASSERT_NE(part, nullptr);
                     expectPartOf(*part, *material);
                 }
                 if (retried) {
+                    MATIO_RSVManipulator reader(file.c_str());
                     QrvMaterial* whole = reader.GetMaterial(first + more - 1);
                     ASSERT_NE(whole, nullptr);
                     expectMaterial(*whole, afterRunFile(sampleRecord(sample)));
