@@ -89,6 +89,12 @@ protected:
         return count - static_cast<int>(samples.size());
     }
 
+    // The file under test becomes a copy of the original again.
+    void restoreOriginal() {
+        std::filesystem::copy_file(original, file,
+                                   std::filesystem::copy_options::overwrite_existing);
+    }
+
     // A manipulator made afterwards on path adds a material and reads it back whole.
     void expectUsable(const std::string& path) {
         MATIO_RSVManipulator again(path.c_str());
@@ -159,8 +165,7 @@ TEST_F(RefusedCallTest, OpeningAnExistingFile) {
     writeRunFile(original, {kThermoset});
     for (Refusal mode : {Refusal::Once, Refusal::FromThenOn}) {
         const long points = everyFaultPoint(mode, [&](long k) {
-            std::filesystem::copy_file(original, file,
-                                       std::filesystem::copy_options::overwrite_existing);
+            restoreOriginal();
             const long baseline = openIds();
             {
                 HDF5Faults::arm(k, mode);
@@ -192,8 +197,7 @@ protected:
         MaterialPtr material = loadSample(sample);
         for (Refusal mode : {Refusal::Once, Refusal::FromThenOn}) {
             const long points = everyFaultPoint(mode, [&](long k) {
-                std::filesystem::copy_file(original, file,
-                                           std::filesystem::copy_options::overwrite_existing);
+                restoreOriginal();
                 const long baseline = openIds();
                 bool reported = false;
                 {
@@ -304,8 +308,7 @@ TEST_F(RefusedCallTest, ClosingAfterAnAdd) {
     MaterialPtr thermoset = loadSample(kThermoset);
     for (Refusal mode : {Refusal::Once, Refusal::FromThenOn}) {
         const long points = everyFaultPoint(mode, [&](long k) {
-            std::filesystem::copy_file(original, file,
-                                       std::filesystem::copy_options::overwrite_existing);
+            restoreOriginal();
             const long baseline = openIds();
             {
                 MATIO_RSVManipulator manipulator(file.c_str());
