@@ -116,7 +116,11 @@ int readScalarAttribute(hid_t object, const std::string& name, std::string* valu
     H5Type stored;
     H5Attribute attribute = openSingle(object, name, H5T_STRING, &stored);
     if (!attribute) return -1;
-    if (H5Tis_variable_str(stored.get()) > 0) {
+    // A text whose kind HDF5 cannot tell is not read: read as a fixed one, a variable-length
+    // text would give the bytes of HDF5's pointer to it, and leak the text.
+    const htri_t variable = H5Tis_variable_str(stored.get());
+    if (variable < 0) return -1;
+    if (variable > 0) {
         H5Type memory(H5Tcopy(H5T_C_S1));
         char* text = nullptr;
         if (!memory || H5Tset_size(memory.get(), H5T_VARIABLE) < 0 ||

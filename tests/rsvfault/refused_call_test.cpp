@@ -13,6 +13,7 @@
 #include <string>
 #include <vector>
 
+#include "rsvfault/fault_points.h"
 #include "rsvfault/hdf5_faults.h"
 #include "rsvfault/partial_record.h"
 #include "runfile/run_file_support.h"
@@ -21,38 +22,6 @@
 namespace {
 
 using namespace qrvtest;
-
-// Every HDF5 id of the kinds a store makes that is open in the process: files, groups, datasets
-// and attributes of any file, and the datatypes, dataspaces and property lists made since start.
-long openIds() {
-    return static_cast<long>(H5Fget_obj_count(H5F_OBJ_ALL, H5F_OBJ_ALL)) +
-           HDF5Faults::transientIds();
-}
-
-const char* modeName(Refusal mode) {
-    return mode == Refusal::Once ? "one call refused" : "every call refused from then on";
-}
-
-// Runs trial(k) for k = 1, 2, ... until the operation it arms completes without reaching call
-// k; answers the number of calls that were refused one at a time (the operation's HDF5 calls).
-template <typename Trial>
-long everyFaultPoint(Refusal mode, Trial trial) {
-    constexpr long kLimit = 20000;  // far above any operation's calls: a loop that never ends
-    for (long k = 1; k <= kLimit; ++k) {
-        SCOPED_TRACE(std::string(modeName(mode)) + ", call " + std::to_string(k));
-        trial(k);
-        HDF5Faults::disarm();
-        if (HDF5Faults::refusals() == 0) return k - 1;
-        if (::testing::Test::HasFailure()) return k;  // one refusal's failures are enough
-    }
-    ADD_FAILURE() << "the operation never completed";
-    return kLimit;
-}
-
-void report(const char* operation, Refusal mode, long points) {
-    std::printf("[ faults   ] %s, %s: %ld fault points\n", operation, modeName(mode), points);
-    EXPECT_GT(points, 0);
-}
 
 class RefusedCallTest : public ::testing::Test {
 protected:
