@@ -140,4 +140,12 @@ int readScalarAttribute(hid_t object, const std::string& name, std::string* valu
     return 0;
 }
 
+bool isMarkedTable(hid_t group) {
+    // Asked first whether the marker is there at all: most groups opened as groups have none,
+    // and a failed read costs HDF5 an error stack.
+    std::string marker;
+    return H5Aexists(group, kTableMarker) > 0 &&
+           readScalarAttribute(group, kTableMarker, &marker) == 0 && marker == kTableClass;
+}
+
 }  // namespace QRV3DRSVExTool

@@ -52,6 +52,9 @@ int readScalarAttribute(hid_t object, const std::string& name, int* value);
 int readScalarAttribute(hid_t object, const std::string& name, double* value);
 int readScalarAttribute(hid_t object, const std::string& name, std::string* value);
 
+// Whether the open group is a table: its marker is there and holds the text kTableClass.
+bool isMarkedTable(hid_t group);
+
 }  // namespace QRV3DRSVExTool
 
 #endif

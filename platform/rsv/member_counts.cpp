@@ -28,9 +28,14 @@ herr_t countMember(hid_t group, const char* name, const H5L_info_t* link, void* 
     if (request->Kind == MemberKind::Array) {
         request->Count += object.type == H5O_TYPE_DATASET;
     } else if (object.type == H5O_TYPE_GROUP) {
-        // Only a group with attributes can be a table; most groups have none.
-        const bool table =
-            object.num_attrs > 0 && H5Aexists_by_name(group, name, kTableMarker, H5P_DEFAULT) > 0;
+        // Only a group with attributes can be a table; most groups have none, and are not opened.
+        bool table = false;
+        if (object.num_attrs > 0) {
+            H5Group member(H5Gopen2(group, name, H5P_DEFAULT));
+            const htri_t marked = member ? H5Aexists(member.get(), kTableMarker) : -1;
+            if (marked < 0) request->Complete = false;
+            table = marked > 0 && isMarkedTable(member.get());
+        }
         request->Count += !table;
     }
     return 0;

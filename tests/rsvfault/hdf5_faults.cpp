@@ -193,9 +193,6 @@ herr_t H5Aread(hid_t attribute, hid_t type, void* buffer) {
 htri_t H5Aexists(hid_t object, const char* name) {
     QRV_REFUSE_OR_FORWARD(H5Aexists, -1, object, name);
 }
-htri_t H5Aexists_by_name(hid_t object, const char* objectName, const char* name, hid_t lapl) {
-    QRV_REFUSE_OR_FORWARD(H5Aexists_by_name, -1, object, objectName, name, lapl);
-}
 herr_t H5Adelete(hid_t object, const char* name) {
     QRV_REFUSE_OR_FORWARD(H5Adelete, -1, object, name);
 }
