@@ -140,12 +140,24 @@ int readScalarAttribute(hid_t object, const std::string& name, std::string* valu
     return 0;
 }
 
-bool isMarkedTable(hid_t group) {
+std::optional<bool> tableMark(hid_t group) {
     // Asked first whether the marker is there at all: most groups opened as groups have none,
     // and a failed read costs HDF5 an error stack.
+    const htri_t marked = H5Aexists(group, kTableMarker);
+    if (marked <= 0) return marked < 0 ? std::nullopt : std::optional<bool>(false);
     std::string marker;
-    return H5Aexists(group, kTableMarker) > 0 &&
-           readScalarAttribute(group, kTableMarker, &marker) == 0 && marker == kTableClass;
+    if (readScalarAttribute(group, kTableMarker, &marker) == 0) return marker == kTableClass;
+    // Not read as a text: a marker of another class is no table's; a text that did not read
+    // leaves it open.
+    H5Attribute attribute(H5Aopen(group, kTableMarker, H5P_DEFAULT));
+    H5Type type(attribute ? H5Aget_type(attribute.get()) : H5I_INVALID_HID);
+    const H5T_class_t kind = type ? H5Tget_class(type.get()) : H5T_NO_CLASS;
+    if (kind == H5T_NO_CLASS || kind == H5T_STRING) return std::nullopt;
+    return false;
+}
+
+bool isMarkedTable(hid_t group) {
+    return tableMark(group).value_or(false);
 }
 
 }  // namespace QRV3DRSVExTool

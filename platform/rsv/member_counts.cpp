@@ -32,9 +32,9 @@ herr_t countMember(hid_t group, const char* name, const H5L_info_t* link, void* 
         bool table = false;
         if (object.num_attrs > 0) {
             H5Group member(H5Gopen2(group, name, H5P_DEFAULT));
-            const htri_t marked = member ? H5Aexists(member.get(), kTableMarker) : -1;
-            if (marked < 0) request->Complete = false;
-            table = marked > 0 && isMarkedTable(member.get());
+            const std::optional<bool> marked = member ? tableMark(member.get()) : std::nullopt;
+            if (!marked) request->Complete = false;
+            table = marked.value_or(false);
         }
         request->Count += !table;
     }

@@ -277,7 +277,10 @@ TEST_F(StoreTest, CompoundTypeHandlesStayApartFromTypeCodes) {
     EXPECT_EQ(tool.CreateArray(group, "Early", type, 1, 1), nullptr);  // not complete yet
     EXPECT_EQ(tool.EndCreateCompoundDataType(type), 0);
     EXPECT_EQ(tool.AddCompoundDataTypeMember(type, "After", kTypeInt32, 0), -1);
+    EXPECT_EQ(tool.AddCompoundDataTypeFixedLengthStringMember(type, "After", 0, 4), -1);
+    EXPECT_EQ(tool.EndCreateCompoundDataType(type), -1);  // complete already
     EXPECT_EQ(tool.AddCompoundDataTypeMember(type + 1, "X", kTypeInt32, 0), -1);
+    EXPECT_EQ(tool.AddCompoundDataTypeFixedLengthStringMember(type + 1, "X", 0, 4), -1);
     CRSVArray* array = tool.CreateArray(group, "Result0", type, 2, 1);
     ASSERT_NE(array, nullptr);
     char rows[24] = {};
@@ -456,6 +459,8 @@ TEST_F(StoreTest, NullHandlesEmptyNamesAndTheMarkerAreRefused) {
     ASSERT_NE(array, nullptr);
     size_t rows = 9;
     EXPECT_EQ(array->GetDimension(nullptr, &rows), -1);
+    EXPECT_EQ(rows, 9u);
+    EXPECT_EQ(array->GetDimension(&rows, nullptr), -1);
     EXPECT_EQ(rows, 9u);
     tool.Close();
 
