@@ -206,7 +206,8 @@ private:
 };
 
 // Id 3: c1 up to and at T1; then the first segment with t above its lower and not above its upper
-// temperature, linear; c4 above T4. Para: c1, T1, c2, T2, c3, T3, c4, T4.
+// temperature, linear; c4 above T4. Para: c1, T1, c2, T2, c3, T3, c4, T4. NaN when no segment
+// holds t: a NaN temperature, or a NaN among T1 to T4 where t lies.
 class QRV_API CCPCAE2 : public CHeatCapacity {
 public:
     explicit CCPCAE2(const double* para);

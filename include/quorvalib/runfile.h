@@ -49,12 +49,19 @@ public:
     // keeps the material; the record of an earlier GetMaterial is freed here. Not stored: the
     // blocks' Source words, the EM, PR, CLTE and SI blocks and the MTC list's own version.
     // True once the material group is made; store failures after that are not reported. False
-    // without a store, for a null material, and for a run below 1 (nothing is written then). Null
-    // texts are stored as empty texts; a block with a positive Count and a null Para is left out.
+    // without a store, for a null material, for a run below 1, and when HDF5 refuses to make the
+    // run's "Material" group (nothing is written then). Null texts are stored as empty texts; a
+    // block with a positive Count and a null Para is left out.
+    //
+    // When HDF5 refuses a call in the middle (a full disk), what was written stays and the file
+    // stays readable; the material then reads back in part: an item or array that was made but
+    // not filled reads as zeros (a text as empty), and a material whose group could not be made
+    // is not stored at all. A single refusal leaves the manipulator working.
     bool AddMaterial(QrvMaterial* material, const char* label, int runItemId);
 
     // The number of material groups in run 1 (whatever run was written); 0 without a store or
-    // without materials in run 1.
+    // without materials in run 1. While HDF5 refuses to read the file it may answer fewer; the
+    // shortfall is not remembered, and the next call counts again.
     int GetMaterialCount();
 
     // The material at the zero-based index of run 1, as a new record that the manipulator keeps:
@@ -72,7 +79,9 @@ public:
     // a missing "Interval Temperature", is left out; "Parameters" gives at most the 21 values a
     // section holds. Sections are read one group at a time, so a record whose "Interval
     // Temperature" claims more sections than it has groups costs no more memory than the groups
-    // it has (it is left out as incomplete). A read never changes the file.
+    // it has (it is left out as incomplete). A read never changes the file. When HDF5 refuses a
+    // call of the read, the record is partial in the same way (null when the material's group
+    // cannot be opened), and a later read of the same index gives the whole material.
     QrvMaterial* GetMaterial(int index);
 
 private:

@@ -116,7 +116,11 @@ int readScalarAttribute(hid_t object, const std::string& name, std::string* valu
     H5Type stored;
     H5Attribute attribute = openSingle(object, name, H5T_STRING, &stored);
     if (!attribute) return -1;
-    if (H5Tis_variable_str(stored.get()) > 0) {
+    // A text whose kind HDF5 cannot tell is not read: read as a fixed one, a variable-length
+    // text would give the bytes of HDF5's pointer to it, and leak the text.
+    const htri_t variable = H5Tis_variable_str(stored.get());
+    if (variable < 0) return -1;
+    if (variable > 0) {
         H5Type memory(H5Tcopy(H5T_C_S1));
         char* text = nullptr;
         if (!memory || H5Tset_size(memory.get(), H5T_VARIABLE) < 0 ||
@@ -134,6 +138,26 @@ int readScalarAttribute(hid_t object, const std::string& name, std::string* valu
     if (H5Aread(attribute.get(), stored.get(), bytes.data()) < 0) return -1;
     value->assign(bytes.data(), strnlen(bytes.data(), size));
     return 0;
+}
+
+std::optional<bool> tableMark(hid_t group) {
+    // Asked first whether the marker is there at all: most groups opened as groups have none,
+    // and a failed read costs HDF5 an error stack.
+    const htri_t marked = H5Aexists(group, kTableMarker);
+    if (marked <= 0) return marked < 0 ? std::nullopt : std::optional<bool>(false);
+    std::string marker;
+    if (readScalarAttribute(group, kTableMarker, &marker) == 0) return marker == kTableClass;
+    // Not read as a text: a marker of another class is no table's; a text that did not read
+    // leaves it open.
+    H5Attribute attribute(H5Aopen(group, kTableMarker, H5P_DEFAULT));
+    H5Type type(attribute ? H5Aget_type(attribute.get()) : H5I_INVALID_HID);
+    const H5T_class_t kind = type ? H5Tget_class(type.get()) : H5T_NO_CLASS;
+    if (kind == H5T_NO_CLASS || kind == H5T_STRING) return std::nullopt;
+    return false;
+}
+
+bool isMarkedTable(hid_t group) {
+    return tableMark(group).value_or(false);
 }
 
 }  // namespace QRV3DRSVExTool

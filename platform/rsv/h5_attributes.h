@@ -6,6 +6,7 @@
 
 #include <cstddef>
 #include <map>
+#include <optional>
 #include <string>
 
 #include "rsv/h5_handle.h"
@@ -51,6 +52,11 @@ int writeScalarAttribute(hid_t object, const std::string& name, const char* valu
 int readScalarAttribute(hid_t object, const std::string& name, int* value);
 int readScalarAttribute(hid_t object, const std::string& name, double* value);
 int readScalarAttribute(hid_t object, const std::string& name, std::string* value);
+
+// Whether the open group is a table: its marker is there and holds the text kTableClass. Nothing
+// when HDF5 cannot tell (it refuses to read a text marker); isMarkedTable takes that for no.
+std::optional<bool> tableMark(hid_t group);
+bool isMarkedTable(hid_t group);
 
 }  // namespace QRV3DRSVExTool
 

@@ -11,21 +11,31 @@ namespace {
 struct WalkRequest {
     MemberKind Kind;
     std::size_t Count;
+    bool Complete;  // every member that exists was told apart
 };
 
-herr_t countMember(hid_t group, const char* name, const H5L_info_t* /*info*/, void* data) {
+herr_t countMember(hid_t group, const char* name, const H5L_info_t* link, void* data) {
     auto* request = static_cast<WalkRequest*>(data);
-    // The object's header tells its kind without opening it; a dangling link counts as nothing.
+    // The object's header tells its kind without opening it; a soft or external link that leads
+    // nowhere counts as nothing. A member whose header HDF5 could not read this time leaves the
+    // count short: it is given, but not kept.
     H5O_info_t object{};
     if (H5Oget_info_by_name2(group, name, &object, H5O_INFO_BASIC | H5O_INFO_NUM_ATTRS,
-                             H5P_DEFAULT) < 0)
+                             H5P_DEFAULT) < 0) {
+        if (link->type == H5L_TYPE_HARD) request->Complete = false;
         return 0;
+    }
     if (request->Kind == MemberKind::Array) {
         request->Count += object.type == H5O_TYPE_DATASET;
     } else if (object.type == H5O_TYPE_GROUP) {
-        // Only a group with attributes can be a table; most groups have none.
-        const bool table =
-            object.num_attrs > 0 && H5Aexists_by_name(group, name, kTableMarker, H5P_DEFAULT) > 0;
+        // Only a group with attributes can be a table; most groups have none, and are not opened.
+        bool table = false;
+        if (object.num_attrs > 0) {
+            H5Group member(H5Gopen2(group, name, H5P_DEFAULT));
+            const std::optional<bool> marked = member ? tableMark(member.get()) : std::nullopt;
+            if (!marked) request->Complete = false;
+            table = marked.value_or(false);
+        }
         request->Count += !table;
     }
     return 0;
@@ -39,11 +49,12 @@ std::optional<GroupKey> groupKey(hid_t object) {
     return GroupKey{info.fileno, info.addr};
 }
 
-std::optional<std::size_t> walkMembers(hid_t group, MemberKind kind) {
-    WalkRequest request{kind, 0};
+std::optional<std::size_t> walkMembers(hid_t group, MemberKind kind, bool* complete) {
+    WalkRequest request{kind, 0, true};
     hsize_t index = 0;
     if (H5Literate(group, H5_INDEX_NAME, H5_ITER_NATIVE, &index, countMember, &request) < 0)
         return std::nullopt;
+    if (complete) *complete = request.Complete;
     return request.Count;
 }
 
@@ -74,8 +85,12 @@ std::size_t MemberCounts::count(const std::optional<GroupKey>& key, hid_t group,
     if (!key || OpenTools.count(key->File) == 0) return walkMembers(group, kind).value_or(0);
     Counts& counts = Kept[Key{key->File, key->Address}];
     std::optional<std::size_t>& kept = kind == MemberKind::Group ? counts.Groups : counts.Arrays;
-    if (!kept) kept = walkMembers(group, kind);  // a walk that fails is not kept
-    return kept.value_or(0);
+    if (kept) return *kept;
+    // A walk that fails, or that could not tell every member apart, is not kept.
+    bool complete = false;
+    const std::optional<std::size_t> walked = walkMembers(group, kind, &complete);
+    if (walked && complete) kept = walked;
+    return walked.value_or(0);
 }
 
 void MemberCounts::added(const GroupKey& key, MemberKind kind) {

@@ -34,8 +34,9 @@ struct GroupKey {
 std::optional<GroupKey> groupKey(hid_t object);
 
 // Direct members of the group: sub-groups other than tables, or arrays. Walks the group; nothing
-// when it cannot be read.
-std::optional<std::size_t> walkMembers(hid_t group, MemberKind kind);
+// when it cannot be read. complete (unless null) tells whether every member's header was read;
+// a member whose header HDF5 refused is not counted.
+std::optional<std::size_t> walkMembers(hid_t group, MemberKind kind, bool* complete = nullptr);
 
 class MemberCounts {
 public:
@@ -47,7 +48,8 @@ public:
     void closed(unsigned long file);
 
     // The count of the group, walked on first use; 0 when the group cannot be read. A group of
-    // unknown key, or of a file no tool has open, is walked every time.
+    // unknown key, or of a file no tool has open, is walked every time, and so is one whose walk
+    // could not read a member's header (a refusal of HDF5 is not remembered).
     std::size_t count(const std::optional<GroupKey>& key, hid_t group, MemberKind kind);
     // The store has made one member of that kind directly in the group.
     void added(const GroupKey& key, MemberKind kind);

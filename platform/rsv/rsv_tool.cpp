@@ -27,14 +27,6 @@ std::string runPath(int run, const char* tail = "") {
     return path;
 }
 
-bool isTable(hid_t group) {
-    // Asked first whether the marker is there at all: most groups opened as groups have none,
-    // and a failed read costs HDF5 an error stack.
-    std::string marker;
-    return H5Aexists(group, kTableMarker) > 0 &&
-           readScalarAttribute(group, kTableMarker, &marker) == 0 && marker == kTableClass;
-}
-
 // Opens a group at path below location; invalid when missing or not a group.
 H5Group openGroupAt(hid_t location, const std::string& path) {
     if (path.empty()) return H5Group();
@@ -210,7 +202,7 @@ CRSVGroup* CRSVTool::OpenGroup(CRSVGroup* parent, std::string path) {
     ErrorSilence silence;
     if (!parent) return nullptr;
     H5Group group = openGroupAt(parent->ObjectId(), relativePath(std::move(path)));
-    if (group && isTable(group.get())) return nullptr;
+    if (group && isMarkedTable(group.get())) return nullptr;
     return keep(std::move(group));
 }
 
@@ -247,7 +239,7 @@ CRSVTable* CRSVTool::OpenTable(CRSVGroup* group, const std::string& name) {
     ErrorSilence silence;
     if (!group) return nullptr;
     H5Group table = openGroupAt(group->ObjectId(), relativePath(name));
-    if (!table || !isTable(table.get())) return nullptr;
+    if (!table || !isMarkedTable(table.get())) return nullptr;
     Tables.push_back(std::make_unique<CRSVTable>(std::move(table), Shapes));
     return Tables.back().get();
 }

@@ -5,6 +5,9 @@
 #include <quorvalib/bank.h>
 #include <quorvalib/files.h>
 
+#include <cstdlib>
+#include <locale>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -60,6 +63,29 @@ TEST(BankAdd, NewBankIsTheLeadWordAndOneFrame) {
     ASSERT_GE(bytes.size(), 4u);
     EXPECT_EQ(bytes.substr(0, 4), std::string("\x5B\x23\x00\x00", 4));  // 9051 = 0x235B
     EXPECT_EQ(bytes, leadWord() + expectedThermoplastic(9012).frame(qrvtest::kPlasticBody));
+}
+
+TEST(BankAdd, NewBankUnderALocaleTheSystemLacksIsMadeUnderThePresentOne) {
+    // The environment names a locale that does not exist, so the user's default cannot be made.
+    const char* held = std::getenv("LC_ALL");
+    const std::optional<std::string> before =
+        held ? std::optional<std::string>(held) : std::nullopt;
+    ::setenv("LC_ALL", "xx_NOWHERE.NO-SUCH-CODESET", 1);
+    const std::locale present = std::locale::global(std::locale::classic());
+    qrvtest::TempFolder folder;
+    const std::string bank = folder.path("new.qbk");
+    auto record = qrvtest::thermoplasticRecord(9012);
+    const int result = qrvtest::addOne(bank, *record);
+    const std::string global = std::locale().name();
+    std::locale::global(present);
+    if (before)
+        ::setenv("LC_ALL", before->c_str(), 1);
+    else
+        ::unsetenv("LC_ALL");
+    EXPECT_EQ(result, 0);
+    EXPECT_EQ(global, "C");  // left as it was
+    EXPECT_EQ(fileBytes(bank),
+              leadWord() + expectedThermoplastic(9012).frame(qrvtest::kPlasticBody));
 }
 
 TEST(BankAdd, RecordsAreNotChanged) {

@@ -224,6 +224,25 @@ TEST(EvaluatorClasses, SecondCaeCurveEndsAndJoins) {
     EXPECT_EQ(k.Evaluate(225.0), 35.0);
 }
 
+TEST(EvaluatorClasses, SecondCaeCurveWithoutASegmentForTheTemperatureGivesNaN) {
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const std::vector<double> sorted{10.0, 100.0, 20.0, 150.0, 40.0, 200.0, 30.0, 250.0};
+    // T2 unknown: 125 lies neither at or below T1, nor in a segment, nor above T4.
+    const std::vector<double> holed{10.0, 100.0, 20.0, nan, 40.0, 200.0, 30.0, 250.0};
+    CCPCAE2 cp(sorted.data());
+    CKCAE2 k(sorted.data());
+    EXPECT_TRUE(std::isnan(cp.Evaluate(nan)));
+    EXPECT_TRUE(std::isnan(k.Evaluate(nan)));
+    CCPCAE2 holedCp(holed.data());
+    CKCAE2 holedK(holed.data());
+    EXPECT_TRUE(std::isnan(holedCp.Evaluate(125.0)));
+    EXPECT_TRUE(std::isnan(holedK.Evaluate(175.0)));
+    // Outside the hole the ends still hold.
+    EXPECT_EQ(holedCp.Evaluate(50.0), 10.0);
+    EXPECT_EQ(holedCp.Evaluate(300.0), 30.0);
+    EXPECT_EQ(holedK.Evaluate(225.0), 35.0);
+}
+
 TEST(EvaluatorClasses, TableAtAnInnerPointUsesTheLowerSegment) {
     // The two segments meet at 200 with different slopes; on the point the lower one gives 30.
     const std::vector<double> p{10.0, 100.0, 30.0, 200.0, 30.0, 300.0};

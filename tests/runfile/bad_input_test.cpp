@@ -198,6 +198,37 @@ TEST_F(BadInputTest, AMaterialGroupThatIsAnArrayIsNotAMaterial) {
     EXPECT_EQ(manipulator.GetMaterial(0), nullptr);
 }
 
+TEST_F(BadInputTest, ARunThatIsAnArrayTakesNoMaterialAndOtherRunsStillDo) {
+    {
+        // A damaged file: /Vantrell/Run1 is a dataset, where a run's group belongs.
+        hid_t raw = H5Fcreate(file.c_str(), H5F_ACC_EXCL, H5P_DEFAULT, H5P_DEFAULT);
+        ASSERT_GE(raw, 0);
+        hid_t vantrell = H5Gcreate2(raw, "Vantrell", H5P_DEFAULT, H5P_DEFAULT, H5P_DEFAULT);
+        const hsize_t dimensions[2] = {1, 2};
+        hid_t space = H5Screate_simple(2, dimensions, nullptr);
+        hid_t run = H5Dcreate2(vantrell, "Run1", H5T_IEEE_F64LE, space, H5P_DEFAULT, H5P_DEFAULT,
+                               H5P_DEFAULT);
+        const double values[2] = {1.5, 2.5};
+        EXPECT_GE(H5Dwrite(run, H5T_NATIVE_DOUBLE, H5S_ALL, H5S_ALL, H5P_DEFAULT, values), 0);
+        H5Dclose(run);
+        H5Sclose(space);
+        H5Gclose(vantrell);
+        H5Fclose(raw);
+    }
+    MaterialPtr metal = loadSample(kMetal);
+    {
+        MATIO_RSVManipulator manipulator(file.c_str());
+        EXPECT_FALSE(manipulator.AddMaterial(metal.get(), "Part", kRun1Plastic));
+        EXPECT_EQ(manipulator.GetMaterialCount(), 0);
+        EXPECT_EQ(manipulator.GetMaterial(0), nullptr);
+        EXPECT_TRUE(manipulator.AddMaterial(metal.get(), "Part", kRun2Plastic));
+    }
+    RawFile raw(file);
+    // The array is left as it was (HDF5 cannot look for a path below it without complaint).
+    EXPECT_EQ(raw.dimensions("/Vantrell/Run1"), (std::vector<hsize_t>{1, 2}));
+    EXPECT_TRUE(raw.exists("/Vantrell/Run2/Material/Material 1/Summary"));
+}
+
 TEST_F(BadInputTest, NullTextsAndBlocksWithoutParametersAreStoredSafely) {
     MaterialPtr material = makeRecord();
     setNullBlock(material->Vis, 2, 5);  // a count with no array behind it

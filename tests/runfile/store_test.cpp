@@ -217,6 +217,59 @@ TEST_F(StoreTest, ATextMemberOfOneByteIsAMember) {
     EXPECT_EQ(tool.EndCreateCompoundDataType(type), 0);
 }
 
+TEST_F(StoreTest, IntegerArraysOfOtherWritersAreTakenByWidthAndSign) {
+    {
+        hid_t raw = H5Fcreate(file.c_str(), H5F_ACC_EXCL, H5P_DEFAULT, H5P_DEFAULT);
+        ASSERT_GE(raw, 0);
+        hid_t links = H5Pcreate(H5P_LINK_CREATE);
+        H5Pset_create_intermediate_group(links, 1);
+        hid_t group = H5Gcreate2(raw, "/Vantrell/Run1", links, H5P_DEFAULT, H5P_DEFAULT);
+        const hsize_t dimensions[2] = {1, 2};
+        hid_t space = H5Screate_simple(2, dimensions, nullptr);
+        const int values[2] = {-3, 70000};
+        for (auto [name, type] :
+             {std::pair<const char*, hid_t>{"Big", H5T_STD_I32BE}, {"Unsigned", H5T_STD_U32LE}}) {
+            hid_t set = H5Dcreate2(group, name, type, space, H5P_DEFAULT, H5P_DEFAULT, H5P_DEFAULT);
+            H5Dwrite(set, H5T_NATIVE_INT, H5S_ALL, H5S_ALL, H5P_DEFAULT, values);
+            H5Dclose(set);
+        }
+        H5Sclose(space);
+        H5Gclose(group);
+        H5Pclose(links);
+        H5Fclose(raw);
+    }
+    ASSERT_EQ(tool.Open(file), 0);
+    CRSVGroup* run = tool.OpenGroup(1);
+    // A 4-byte signed integer of either byte order is an int32 array, read as native ints.
+    CRSVArray* big = tool.OpenArray(run, "Big");
+    ASSERT_NE(big, nullptr);
+    EXPECT_EQ(big->GetElementType(), kTypeInt32);
+    int back[2] = {0, 0};
+    EXPECT_EQ(big->ReadArray(back), 0);
+    EXPECT_EQ(back[0], -3);
+    EXPECT_EQ(back[1], 70000);
+    // An unsigned one is not: a reader of int32 arrays would misread its upper half.
+    CRSVArray* unsignedArray = tool.OpenArray(run, "Unsigned");
+    ASSERT_NE(unsignedArray, nullptr);
+    EXPECT_EQ(unsignedArray->GetElementType(), -1);
+}
+
+TEST_F(StoreTest, ATableMarkedAgainWithAnIntegerIsAGroupAgain) {
+    ASSERT_EQ(tool.Create(file, 4, 13, 0), 0);
+    CRSVGroup* parent = tool.CreateGroup(tool.OpenGroup(1), "Parent");
+    CRSVGroup* child = tool.CreateGroup(parent, "Child");
+    ASSERT_NE(child, nullptr);
+    EXPECT_EQ(parent->GetGroupCount(), 1u);
+    EXPECT_EQ(tool.WriteAttribute(child, "RSV_CLASS", "TABLE"), 0);
+    EXPECT_EQ(parent->GetGroupCount(), 0u);
+    EXPECT_NE(tool.OpenTable(parent, "Child"), nullptr);
+    // The marker is a text "TABLE" or no marker: an integer one leaves a plain group.
+    EXPECT_EQ(tool.WriteAttribute(child, "RSV_CLASS", 1), 0);
+    EXPECT_EQ(parent->GetGroupCount(), 1u);
+    EXPECT_EQ(tool.OpenTable(parent, "Child"), nullptr);
+    EXPECT_NE(tool.OpenGroup(parent, "Child"), nullptr);
+}
+
 TEST_F(StoreTest, CompoundTypeHandlesStayApartFromTypeCodes) {
     ASSERT_EQ(tool.Create(file, 4, 13, 0), 0);
     CRSVGroup* group = tool.CreateGroup(tool.OpenGroup(1), "Rows");
@@ -233,7 +286,10 @@ TEST_F(StoreTest, CompoundTypeHandlesStayApartFromTypeCodes) {
     EXPECT_EQ(tool.CreateArray(group, "Early", type, 1, 1), nullptr);  // not complete yet
     EXPECT_EQ(tool.EndCreateCompoundDataType(type), 0);
     EXPECT_EQ(tool.AddCompoundDataTypeMember(type, "After", kTypeInt32, 0), -1);
+    EXPECT_EQ(tool.AddCompoundDataTypeFixedLengthStringMember(type, "After", 0, 4), -1);
+    EXPECT_EQ(tool.EndCreateCompoundDataType(type), -1);  // complete already
     EXPECT_EQ(tool.AddCompoundDataTypeMember(type + 1, "X", kTypeInt32, 0), -1);
+    EXPECT_EQ(tool.AddCompoundDataTypeFixedLengthStringMember(type + 1, "X", 0, 4), -1);
     CRSVArray* array = tool.CreateArray(group, "Result0", type, 2, 1);
     ASSERT_NE(array, nullptr);
     char rows[24] = {};
@@ -308,17 +364,19 @@ TEST_F(StoreTest, AttributesGoOnGroupsAndArrays) {
     EXPECT_EQ(tool.WriteAttribute(run, "Material", "PP(Maker Grade)"), 0);
     EXPECT_EQ(tool.WriteAttribute(nullptr, "Material", "x"), -1);
     EXPECT_EQ(tool.WriteAttribute(run, "Material", static_cast<const char*>(nullptr)), -1);
+    CRSVArray* array = tool.CreateArray(run, "Values", kTypeDouble, 1, 3);
+    ASSERT_NE(array, nullptr);
+    EXPECT_EQ(tool.WriteAttribute(array, "Material Type", 7), 0);
+    EXPECT_EQ(tool.WriteAttribute(array, "Unit", "cm"), 0);
     tool.Close();
-    hid_t raw = H5Fopen(file.c_str(), H5F_ACC_RDONLY, H5P_DEFAULT);
-    ASSERT_GE(raw, 0);
-    hid_t attribute =
-        H5Aopen_by_name(raw, "/Vantrell/Run1", "Material Type", H5P_DEFAULT, H5P_DEFAULT);
-    ASSERT_GE(attribute, 0);
-    int value = 0;
-    EXPECT_GE(H5Aread(attribute, H5T_NATIVE_INT, &value), 0);
-    EXPECT_EQ(value, -1);
-    H5Aclose(attribute);
-    H5Fclose(raw);
+    qrvtest::RawFile raw(file);
+    ASSERT_GE(raw.id(), 0);
+    EXPECT_EQ(raw.intAttribute("/Vantrell/Run1", "Material Type"), -1);
+    EXPECT_EQ(raw.textAttribute("/Vantrell/Run1", "Material"), "PP(Maker Grade)");
+    // On the array itself, not on its group.
+    EXPECT_EQ(raw.intAttribute("/Vantrell/Run1/Values", "Material Type"), 7);
+    EXPECT_EQ(raw.textAttribute("/Vantrell/Run1/Values", "Unit"), "cm");
+    EXPECT_EQ(raw.textAttribute("/Vantrell/Run1", "Unit"), "<missing>");
 }
 
 TEST_F(StoreTest, CloseReleasesHandlesStillOpenAndRefusesForeignOnes) {
@@ -410,6 +468,8 @@ TEST_F(StoreTest, NullHandlesEmptyNamesAndTheMarkerAreRefused) {
     ASSERT_NE(array, nullptr);
     size_t rows = 9;
     EXPECT_EQ(array->GetDimension(nullptr, &rows), -1);
+    EXPECT_EQ(rows, 9u);
+    EXPECT_EQ(array->GetDimension(&rows, nullptr), -1);
     EXPECT_EQ(rows, 9u);
     tool.Close();
 
