@@ -2,6 +2,7 @@
 // the last bit, and the sentinels of the flat evaluator.
 #include <gtest/gtest.h>
 
+#include <quorvalib/batch.h>
 #include <quorvalib/defaults.h>
 #include <quorvalib/properties.h>
 
@@ -205,6 +206,30 @@ TEST(Viscosity, PowerLawCastroClampsTheShearExponent) {
     const double base = std::exp(b / (t + 273.15) + a);
     EXPECT_EQ(eta(withC0(0.0), g, t, 0.0, x), base * std::pow(g, 0.01 - 1));
     EXPECT_EQ(eta(withC0(1e300), g, t, 0.0, x), base * std::pow(g, 0.99 - 1));
+}
+
+TEST(Viscosity, PowerLawCastroClampsAnExponentJustAbove099) {
+    // a = b = 0 and tau = 0 leave 1024^(m - 1) alone. The upper clamp holds from 0.99 on: an
+    // exponent of 0.995 or exactly 1 becomes 0.99, 1024^-0.01 = 2^-0.1 (mpmath, 30 digits:
+    // 0.933032991536807412391...), not 2^-0.05 = 0.96593632892484565 nor 1.
+    const double twoToMinusTenth = 0.93303299153680741239;
+    for (double c0 : {0.995, 1.0}) {
+        auto material = withVis(11, {0, 0, 0, 0, 0, 0, c0, 0, 0, 1.0, 0.0});
+        EXPECT_NEAR(eta(material, 1024.0, 160.0, 0.0, 0.0), twoToMinusTenth, 2e-16) << c0;
+        // The batch forms clamp alike, the fast one within its own 1e-14 (over whole vectors:
+        // a tail shorter than one goes through the exact form).
+        constexpr int n = 64;
+        const std::vector<double> g(n, 1024.0), t(n, 160.0), x(n, 0.0);
+        std::vector<double> exact(n), fast(n);
+        QrvGetViscosityN(material.get(), n, g.data(), t.data(), nullptr, x.data(), exact.data());
+        QrvGetViscosityNFast(material.get(), n, g.data(), t.data(), nullptr, x.data(), fast.data());
+        for (int i = 0; i < n; ++i) {
+            EXPECT_NEAR(exact[i], twoToMinusTenth, 2e-16) << c0;
+            EXPECT_NEAR(fast[i], twoToMinusTenth, 1e-14) << c0;
+        }
+    }
+    auto inside = withVis(11, {0, 0, 0, 0, 0, 0, 0.9, 0, 0, 1.0, 0.0});
+    EXPECT_NEAR(eta(inside, 1024.0, 160.0, 0.0, 0.0), 0.5, 2e-16);  // 1024^-0.1 = 2^-1
 }
 
 TEST(Viscosity, HerschelBulkleyIgnoresTyAndUsesC2Twice) {
