@@ -50,9 +50,10 @@ QrvMaterial* again(QrvMaterial* record, const std::string& saved, Load load, Sav
 // and a non-polymer rebuilds PVT from its comment and EM, PR and CLTE from Mech. A load may also
 // retype the record: an old block gives the type digit alone, and the next load of a Polymer
 // "Coolant" or "Metal" gives FileType 4 or 3, so such a record changes class on its second save
-// as well. Each trip whose classes part is therefore compared on what every class keeps; the
-// trips go on until one after the first (whose load may drop what the current form has no
-// place for) keeps its class, which must then change nothing at all.
+// as well, and so does a record of FileType 0 loaded again through QrvGetMaterialRIM, which
+// gives its type word 0 FileType 2. Each trip whose classes part is therefore compared on what
+// every class keeps; the trips go on until one after the first (whose load may drop what the
+// current form has no place for) keeps its class, which must then change nothing at all.
 constexpr int kTripsToSettle = 3;  // old block -> saving class -> keyword class
 
 void roundTrip(const char* name, const std::string& input, int inputClass, Load load, Save save) {
@@ -66,6 +67,7 @@ void roundTrip(const char* name, const std::string& input, int inputClass, Load 
         const int saving = qrv::objTypeFor(record->FileType);
         qrvfuzz::Compared parts;
         parts.CommonOnly = saving != frame || qrv::objTypeFor(next->FileType) != saving;
+        parts.ThermosetCorrection = load == QrvGetMaterialRIM;
         if (trip == 0) {
             // An old fixed block has an edit date and a Source text; the current form keeps
             // only the measuring date and no Source text.

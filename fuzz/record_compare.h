@@ -24,6 +24,9 @@ struct Compared {
     // A load through QrvGetMaterial gives a Polymer of exactly "Metal" FileType 3 and one of
     // "Coolant" FileType 4, whatever the class it was saved as.
     bool KeywordTypes = false;
+    // A load through QrvGetMaterialRIM gives a type word of 0 FileType 2: a record of FileType 0
+    // (an old fixed block of type digit 0) saved and loaded that way comes back a thermoset.
+    bool ThermosetCorrection = false;
     bool Texts = true;
     bool SourceText = true;
     bool UnstoredBlocks = true;  // EM, PR, CLTE and SI, which a run file does not keep
@@ -142,7 +145,9 @@ inline void compareRecords(QrvMaterial& a, QrvMaterial& b, const Compared& parts
             parts.KeywordTypes && b.Polymer &&
             ((b.FileType == QRV_TYPE_METAL && std::strcmp(b.Polymer, "Metal") == 0) ||
              (b.FileType == QRV_TYPE_COOLANT && std::strcmp(b.Polymer, "Coolant") == 0));
-        if (a.FileType != b.FileType && !keyword)
+        const bool corrected =
+            parts.ThermosetCorrection && a.FileType == 0 && b.FileType == QRV_TYPE_THERMOSET;
+        if (a.FileType != b.FileType && !keyword && !corrected)
             differs("header", "FileType from " + std::to_string(a.FileType) + " to " +
                                   std::to_string(b.FileType) + " of " +
                                   (a.Polymer ? a.Polymer : ""));

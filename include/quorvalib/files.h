@@ -62,7 +62,10 @@ QRV_API QrvMaterial* QrvGetMaterialRIM(const char* path);
 // none). A Polymer of exactly "Metal" or "Coolant" loads with FileType 3 or 4 whatever the class
 // it was saved as: a thermoplastic of that name (as an old fixed block gives, whose type digit
 // alone decides) therefore changes class on its next save too and keeps only what a non-polymer
-// keeps. Once a save and load keeps the record's class, a further save and load changes nothing.
+// keeps. Loaded through QrvGetMaterialRIM, a record of FileType 0 (an old fixed block of type
+// digit 0) comes back with FileType 2, its type word 0 corrected, and changes class on its next
+// save as well. Once a save and load keeps the record's class, a further save and load changes
+// nothing.
 QRV_API int QrvSaveMaterial(const char* path, QrvMaterial* material);
 
 // As QrvSaveMaterial, but a failed open is not looked at: the writing runs against the failed

@@ -388,6 +388,31 @@ TEST(LoadSave, OldBlockOfALateVersionSavesWithAnEmptyMTCSection) {
     EXPECT_EQ(bytes.substr(bytes.size() - tail.size()), tail);
 }
 
+TEST(LoadSave, AnOldBlockOfTypeDigit0ComesBackAThermosetThroughTheThermosetLoad) {
+    // The old form has no type word to correct: its type digit 0 stays FileType 0 in either
+    // load. Saved, FileType 0 writes a non-polymer frame with type word 0, which the thermoset
+    // load corrects to FileType 2 and the plain load leaves at 0.
+    qrvtest::TempFolder folder;
+    const std::string old = folder.path("digit0.mtx");
+    const std::string saved = folder.path("digit0-saved.mtr");  // the plain load reads it plain
+    writeFile(old, typicalLegacy(9043));
+    MaterialPtr first = qrvtest::adopt(QrvGetMaterialRIM(old.c_str()));
+    ASSERT_NE(first, nullptr);
+    EXPECT_EQ(first->FileType, 0);
+    EXPECT_EQ(first->FileVer, 9043);
+    ASSERT_EQ(QrvSaveMaterialRIM(saved.c_str(), first.get()), 1);
+    const std::string bytes = fileBytes(saved);
+    EXPECT_EQ(qrvtest::wordAt(bytes, 8), 2);   // CQrvNonPolyMat
+    EXPECT_EQ(qrvtest::wordAt(bytes, 20), 0);  // TypeWord
+    MaterialPtr corrected = qrvtest::adopt(QrvGetMaterialRIM(saved.c_str()));
+    ASSERT_NE(corrected, nullptr);
+    EXPECT_EQ(corrected->FileType, QRV_TYPE_THERMOSET);
+    EXPECT_EQ(corrected->FileVer, 9043);
+    MaterialPtr plain = get(saved);
+    ASSERT_NE(plain, nullptr);
+    EXPECT_EQ(plain->FileType, 0);
+}
+
 TEST(LoadSave, ObjectClassFollowsTheFileTypeNotTheCall) {
     qrvtest::TempFolder folder;
     const std::string path = folder.path("metal.mtx");
