@@ -259,6 +259,11 @@ TEST(LegacyBlock, CountsPastTheValuesRunFail) {
         .code(5, 10000000);
     auto m = load(full);
     EXPECT_EQ(values(m->Cp), run(198, 58));
+    // One more is the 257th, which would lie in the next block's first bytes.
+    full.code(2, 10000159);
+    auto past = qrvtest::adopt(new QrvMaterial);
+    QrvInitMaterial(past.get());
+    EXPECT_THROW(QrvMaterialFromBlock(past.get(), full.data(), false), std::invalid_argument);
 }
 
 TEST(BlockText, FieldsOfARun) {
