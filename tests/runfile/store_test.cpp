@@ -12,6 +12,7 @@
 #include "rsv/rsv_tool.h"
 #include "rsv/run_vocabulary.h"
 #include "runfile/run_file_support.h"
+#include "runfile/store_access.h"
 #include "support/temp_files.h"
 
 namespace {
@@ -268,6 +269,40 @@ TEST_F(StoreTest, ATableMarkedAgainWithAnIntegerIsAGroupAgain) {
     EXPECT_EQ(parent->GetGroupCount(), 1u);
     EXPECT_EQ(tool.OpenTable(parent, "Child"), nullptr);
     EXPECT_NE(tool.OpenGroup(parent, "Child"), nullptr);
+}
+
+TEST_F(StoreTest, ArraysReadBackHoldAtMost2To20Values) {
+    // A damaged file may declare any shape: a reader takes 1,048,576 values (8 MB) whole, in any
+    // shape, and one more value in no shape at all.
+    ASSERT_EQ(tool.Create(file, 4, 13, 0), 0);
+    CRSVGroup* group = tool.CreateGroup(tool.OpenGroup(1), "Arrays");
+    ASSERT_NE(group, nullptr);
+    constexpr std::size_t kLimit = std::size_t{1} << 20;
+    std::vector<double> values(kLimit + 2, 0.5);
+    values[kLimit - 1] = 7.0;
+    const struct {
+        const char* name;
+        std::size_t rows, columns;
+        bool read;
+    } shapes[] = {{"Row", 1, kLimit, true},
+                  {"Column", kLimit, 1, true},
+                  {"Square", 1024, 1024, true},
+                  {"RowPlusOne", 1, kLimit + 1, false},
+                  {"ColumnPlusOne", kLimit + 1, 1, false},
+                  {"TwoHalvesPlusOne", 2, kLimit / 2 + 1, false}};
+    for (const auto& shape : shapes)
+        qrv::runfile::writeDoubles(tool, group, shape.name, shape.rows, shape.columns,
+                                   values.data());
+    for (const auto& shape : shapes) {
+        const auto back = qrv::runfile::readDoubles(tool, group, shape.name);
+        EXPECT_EQ(back.has_value(), shape.read) << shape.name;
+        if (!back || !shape.read) continue;
+        EXPECT_EQ(back->Rows, shape.rows);
+        EXPECT_EQ(back->Columns, shape.columns);
+        ASSERT_EQ(back->Values.size(), kLimit);
+        EXPECT_EQ(back->Values[kLimit - 1], 7.0);
+        EXPECT_EQ(back->Values[0], 0.5);
+    }
 }
 
 TEST_F(StoreTest, CompoundTypeHandlesStayApartFromTypeCodes) {
