@@ -25,13 +25,7 @@ const char* const kDescriptions = "/Vantrell/Run1/Description/Material";
 // Changes a closed run file through the HDF5 C library, as another program would.
 class Editor {
 public:
-    explicit Editor(const std::string& path)
-        : file_(H5Fopen(path.c_str(), H5F_ACC_RDWR, H5P_DEFAULT)) {}
-    ~Editor() {
-        if (file_ >= 0) H5Fclose(file_);
-    }
-    Editor(const Editor&) = delete;
-    Editor& operator=(const Editor&) = delete;
+    explicit Editor(const std::string& path) : raw_(path, H5F_ACC_RDWR), file_(raw_.id()) {}
     bool open() const { return file_ >= 0; }
 
     void group(const std::string& path) {
@@ -65,6 +59,7 @@ public:
     }
 
 private:
+    RawFile raw_;
     hid_t file_;
 };
 

@@ -72,11 +72,11 @@ inline nlohmann::json afterRunFile(nlohmann::json record) {
     return record;
 }
 
-// A run file opened read-only through the HDF5 C library.
+// A run file opened through the HDF5 C library, read-only unless told otherwise.
 class RawFile {
 public:
-    explicit RawFile(const std::string& path)
-        : id_(H5Fopen(path.c_str(), H5F_ACC_RDONLY, H5P_DEFAULT)) {}
+    explicit RawFile(const std::string& path, unsigned mode = H5F_ACC_RDONLY)
+        : id_(H5Fopen(path.c_str(), mode, H5P_DEFAULT)) {}
     ~RawFile() {
         if (id_ >= 0) H5Fclose(id_);
     }
