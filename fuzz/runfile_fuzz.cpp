@@ -235,6 +235,12 @@ void storeAgain(QrvMaterial& first) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     H5Eset_auto2(H5E_DEFAULT, nullptr, nullptr);
+    // Every file open makes HDF5 allocate a metadata cache of about half a megabyte. With its
+    // free lists unlimited HDF5 keeps that block for the next open, instead of handing it back
+    // and asking the sanitizer's allocator for fresh, page-faulted memory each time: about a
+    // fifth more inputs per second. HDF5 is not instrumented, so nothing the sanitizers watch
+    // changes.
+    H5set_free_list_limits(-1, -1, -1, -1, -1, -1);
     const Base& made = base();
     const std::string path = qrvfuzz::folder() + "input.rsv";
     {

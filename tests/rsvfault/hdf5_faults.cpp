@@ -7,6 +7,7 @@
 
 #include <dlfcn.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <set>
@@ -21,6 +22,17 @@ struct State {
     long Calls = 0;
     long Refusals = 0;
 };
+
+struct Peaks {
+    bool Watching = false;
+    long Groups = 0;
+    long Datasets = 0;
+};
+
+Peaks& peaks() {
+    static Peaks seen;
+    return seen;
+}
 
 std::set<hid_t>& transient() {
     static std::set<hid_t> open;
@@ -81,7 +93,32 @@ void HDF5Faults::closing(hid_t id) {
     transient().erase(id);
 }
 
+void HDF5Faults::watchOpenObjects() {
+    peaks() = Peaks{true, 0, 0};
+}
+
+long HDF5Faults::peakOpenGroups() {
+    return peaks().Groups;
+}
+
+long HDF5Faults::peakOpenDatasets() {
+    return peaks().Datasets;
+}
+
+namespace {
+
+void notePeaks() {
+    Peaks& seen = peaks();
+    if (!seen.Watching) return;
+    static const auto count = nextDefinition<decltype(&H5Fget_obj_count)>("H5Fget_obj_count");
+    seen.Groups = std::max(seen.Groups, static_cast<long>(count(H5F_OBJ_ALL, H5F_OBJ_GROUP)));
+    seen.Datasets = std::max(seen.Datasets, static_cast<long>(count(H5F_OBJ_ALL, H5F_OBJ_DATASET)));
+}
+
+}  // namespace
+
 bool HDF5Faults::refuseThisCall() {
+    notePeaks();
     State& now = state();
     if (now.RefuseAt <= 0) return false;
     const long call = ++now.Calls;

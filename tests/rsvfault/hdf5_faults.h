@@ -34,6 +34,13 @@ public:
     // (H5Fget_obj_count), not of these.
     static long transientIds();
 
+    // The most groups and datasets open at once (in every file of the process), seen before
+    // each wrapped call from watchOpenObjects() on: how many handles an operation holds while it
+    // works.
+    static void watchOpenObjects();
+    static long peakOpenGroups();
+    static long peakOpenDatasets();
+
     // Whether this call is refused; called by each wrapper before it forwards.
     static bool refuseThisCall();
     // The wrappers of the calls that make and close transient ids report them here.

@@ -168,6 +168,52 @@ TEST_F(StoreTest, TableItemsKeepTheirKindsAndAreNotCountedAsGroups) {
     EXPECT_EQ(tool.OpenTable(run, "Material"), nullptr);  // a group is not a table
 }
 
+// Callers name an element type by a number of the written format, 3 for a 32-bit signed integer
+// and 8 for a double, and old programs pass the numbers themselves: the arrays they make must hold
+// those HDF5 types, whatever the library calls the codes inside.
+TEST_F(StoreTest, ElementCodeThreeMakesInt32AndEightMakesDoubleInTheFile) {
+    ASSERT_EQ(tool.Create(file, 4, 13, 0), 0);
+    CRSVGroup* group = tool.CreateGroup(tool.OpenGroup(1), "Material");
+    const int ints[] = {-7, 40000};
+    const double reals[] = {0.25, -3.5};
+    CRSVArray* three = tool.CreateArray(group, "Three", 3, 1, 2);
+    CRSVArray* eight = tool.CreateArray(group, "Eight", 8, 2, 1);
+    ASSERT_NE(three, nullptr);
+    ASSERT_NE(eight, nullptr);
+    EXPECT_EQ(three->WriteArray(ints), 0);
+    EXPECT_EQ(eight->WriteArray(reals), 0);
+    tool.Close();
+
+    {
+        qrvtest::RawFile raw(file);
+        ASSERT_GE(raw.id(), 0);
+        const auto typeOf = [&](const char* name) {
+            const std::string path = std::string("/Vantrell/Run1/Material/") + name;
+            hid_t set = H5Dopen2(raw.id(), path.c_str(), H5P_DEFAULT);
+            EXPECT_GE(set, 0) << path;
+            hid_t type = H5Dget_type(set);
+            const auto kind = std::make_tuple(
+                H5Tget_class(type), H5Tget_size(type),
+                H5Tget_class(type) == H5T_INTEGER ? H5Tget_sign(type) : H5T_SGN_ERROR);
+            H5Tclose(type);
+            H5Dclose(set);
+            return kind;
+        };
+        EXPECT_EQ(typeOf("Three"), std::make_tuple(H5T_INTEGER, size_t{4}, H5T_SGN_2));
+        EXPECT_EQ(typeOf("Eight"), std::make_tuple(H5T_FLOAT, size_t{8}, H5T_SGN_ERROR));
+    }
+
+    ASSERT_EQ(tool.Open(file), 0);
+    CRSVGroup* again = tool.OpenGroup(tool.OpenGroup(1), "Material");
+    ASSERT_NE(again, nullptr);
+    CRSVArray* threeAgain = tool.OpenArray(again, "Three");
+    CRSVArray* eightAgain = tool.OpenArray(again, "Eight");
+    ASSERT_NE(threeAgain, nullptr);
+    ASSERT_NE(eightAgain, nullptr);
+    EXPECT_EQ(threeAgain->GetElementType(), 3);
+    EXPECT_EQ(eightAgain->GetElementType(), 8);
+}
+
 TEST_F(StoreTest, OneRowArrayGivesOneAndItsElementCount) {
     ASSERT_EQ(tool.Create(file, 4, 13, 0), 0);
     CRSVGroup* group = tool.CreateGroup(tool.OpenGroup(1), "Material");
