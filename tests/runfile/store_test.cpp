@@ -81,6 +81,24 @@ TEST_F(StoreTest, CreateRefusesAnExistingFileWithoutTouchingItAndOpenTakesOver) 
     EXPECT_NE(tool.OpenGroup(1), nullptr);
 }
 
+// The category numbers belong to the run format (callers pass 1, 2 and 7 themselves): each opens
+// its one group, and no other number opens anything.
+TEST_F(StoreTest, CategoriesOneTwoAndSevenAreEntityMaterialAndDescription) {
+    ASSERT_EQ(tool.Create(file, 4, 13, 0), 0);
+    ASSERT_NE(tool.CreateGroup(tool.OpenGroup(1), "Material"), nullptr);
+    const auto pathOf = [](CRSVGroup* group) {
+        if (!group) return std::string("(none)");
+        char name[128] = {};
+        H5Iget_name(group->ObjectId(), name, sizeof name);
+        return std::string(name);
+    };
+    EXPECT_EQ(pathOf(tool.OpenGroup(1, 1)), "/Vantrell/Run1/Entity");
+    EXPECT_EQ(pathOf(tool.OpenGroup(1, 2)), "/Vantrell/Run1/Material");
+    EXPECT_EQ(pathOf(tool.OpenGroup(1, 7)), "/Vantrell/Run1/Description");
+    for (int other : {-1, 0, 3, 4, 5, 6, 8, 9})
+        EXPECT_EQ(tool.OpenGroup(1, other), nullptr) << other;
+}
+
 TEST_F(StoreTest, RunGroupIsMadeWithItsEntityAndDescriptionGroups) {
     ASSERT_EQ(tool.Create(file, 4, 13, 0), 0);
     EXPECT_EQ(tool.OpenGroup(2, kCategoryMaterial), nullptr);  // never created by a category open
