@@ -74,13 +74,15 @@ struct Columns {
 };
 
 // Shear rates from 0 up, temperatures from below the glass region to far above melt (175.35 C is
-// the two-domain transition at P = 0), pressures from 0 to 200 MPa, conversions from 0 through the
+// the two-domain transition at P = 0), pressures from 0 through 1 Pa and atmospheric to 2 GPa
+// (a Tait form's fast path hands a point whose compression term is large back to the exact form,
+// so only a low pressure shows its own value), conversions from 0 through the
 // gel points (0.45, 0.682, 0.69, 1.0) and beyond, in a fixed random order. The two-domain model
 // also gets each pressure's transition temperature exactly, and the double just below it.
 inline Columns grid() {
     const double shear[] = {0.0, 1e-3, 1.0, 37.5, 1e3, 1e4, 1e6};
     const double temps[] = {-50.0, 25.0, 120.0, 175.35, 200.0, 250.0, 320.0};
-    const double pressures[] = {0.0, 1e7, 5e8, 2e9};
+    const double pressures[] = {0.0, 1.0, 1e5, 1e7, 5e8, 2e9};
     const double conversions[] = {0.0, 0.2, 0.45, 0.5, 0.682, 0.69, 0.9, 1.0, 1.2};
     Columns c;
     auto add = [&c](double g, double t, double P, double x) {

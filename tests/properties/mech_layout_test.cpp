@@ -39,6 +39,14 @@ TEST(MechLayout, PlacesPerModelAndFamily) {
     }
 }
 
+TEST(MechLayout, IdsPastTheLayoutsHaveNoLabelledPlace) {
+    // Models 0 to 7 have layouts; any other id names none of its values.
+    for (int model : {-1, 8, 9, 99}) {
+        for (bool set : {false, true})
+            EXPECT_TRUE(labelledPlaces(set, model).empty()) << model << " " << set;
+    }
+}
+
 TEST(MechLayout, LabelsOfTheThermosetPureLayout) {
     const char* labels[] = {"Poisson's ratio v12",
                             "Poisson's ratio v23",
