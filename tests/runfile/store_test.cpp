@@ -99,6 +99,26 @@ TEST_F(StoreTest, CategoriesOneTwoAndSevenAreEntityMaterialAndDescription) {
         EXPECT_EQ(tool.OpenGroup(1, other), nullptr) << other;
 }
 
+// The run and category groups are opened from HDF5 once per file and held until Close: a handle
+// given back leaves the group open for the next ask.
+TEST_F(StoreTest, ARunGroupStaysOpenFromItsFirstOpenToClose) {
+    ASSERT_EQ(tool.Create(file, 4, 13, 0), 0);
+    tool.Close();
+    const auto openGroups = [] { return H5Fget_obj_count(H5F_OBJ_ALL, H5F_OBJ_GROUP); };
+    ASSERT_EQ(openGroups(), 0);
+    ASSERT_EQ(tool.Open(file), 0);
+    EXPECT_EQ(openGroups(), 0);
+    for (int ask = 0; ask < 3; ++ask) {
+        CRSVGroup* run = tool.OpenGroup(1);
+        ASSERT_NE(run, nullptr);
+        EXPECT_EQ(openGroups(), 1) << ask;  // the handle shares the held group
+        EXPECT_EQ(tool.CloseGroup(run), 0);
+        EXPECT_EQ(openGroups(), 1) << ask;
+    }
+    tool.Close();
+    EXPECT_EQ(openGroups(), 0);
+}
+
 TEST_F(StoreTest, RunGroupIsMadeWithItsEntityAndDescriptionGroups) {
     ASSERT_EQ(tool.Create(file, 4, 13, 0), 0);
     EXPECT_EQ(tool.OpenGroup(2, kCategoryMaterial), nullptr);  // never created by a category open
