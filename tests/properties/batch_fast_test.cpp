@@ -487,6 +487,20 @@ TEST(BatchFastDispatch, TheWidestSetIsTheOneTheProcessorLists) {
     EXPECT_EQ(qrv::batch::widestSupported(), expected);
 }
 
+TEST(BatchFastDispatch, EveryMixOfFeaturesGetsTheWidestSetItRuns) {
+    // Processors this machine is not: AVX2 without FMA (some early ones), FMA without AVX2, and
+    // AVX-512 with either missing.
+    using qrv::batch::widestOf;
+    for (bool avx2 : {false, true}) {
+        for (bool fma : {false, true})
+            EXPECT_EQ(widestOf({true, avx2, fma}), InstructionSet::Avx512) << avx2 << fma;
+    }
+    EXPECT_EQ(widestOf({false, true, true}), InstructionSet::Avx2);
+    EXPECT_EQ(widestOf({false, true, false}), InstructionSet::Sse2);
+    EXPECT_EQ(widestOf({false, false, true}), InstructionSet::Sse2);
+    EXPECT_EQ(widestOf({false, false, false}), InstructionSet::Sse2);
+}
+
 INSTANTIATE_TEST_SUITE_P(EachSupportedSet, BatchFast, ::testing::ValuesIn(supportedSets()),
                          [](const auto& info) {
                              std::string name = nameOf(info.param);

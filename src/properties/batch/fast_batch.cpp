@@ -42,13 +42,16 @@ VectorForms gActive = formsOf(widestSupported());
 
 }  // namespace
 
+InstructionSet widestOf(CpuFeatures features) {
+    if (features.avx512f) return InstructionSet::Avx512;
+    if (features.avx2 && features.fma) return InstructionSet::Avx2;
+    return InstructionSet::Sse2;
+}
+
 InstructionSet widestSupported() {
     __builtin_cpu_init();
-    if (__builtin_cpu_supports("avx512f")) return InstructionSet::Avx512;
-    if (__builtin_cpu_supports("avx2") && __builtin_cpu_supports("fma")) {
-        return InstructionSet::Avx2;
-    }
-    return InstructionSet::Sse2;
+    return widestOf({__builtin_cpu_supports("avx512f") != 0, __builtin_cpu_supports("avx2") != 0,
+                     __builtin_cpu_supports("fma") != 0});
 }
 
 const VectorForms& activeForms() {

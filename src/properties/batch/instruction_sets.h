@@ -23,6 +23,17 @@ VectorForms sse2Forms();
 VectorForms avx2Forms();
 VectorForms avx512Forms();
 
+// The processor features the choice looks at.
+struct CpuFeatures {
+    bool avx512f;
+    bool avx2;
+    bool fma;
+};
+
+// The widest set that a processor with these features runs: AVX-512 needs AVX-512F (which has
+// its own fused multiply-add), AVX2 the AVX2 and FMA extensions together, SSE2 nothing.
+InstructionSet widestOf(CpuFeatures features);
+
 // The widest set this processor and its operating system support.
 InstructionSet widestSupported();
 
