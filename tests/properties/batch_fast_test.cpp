@@ -488,8 +488,8 @@ TEST(BatchFastDispatch, TheWidestSetIsTheOneTheProcessorLists) {
 }
 
 TEST(BatchFastDispatch, EveryMixOfFeaturesGetsTheWidestSetItRuns) {
-    // Processors this machine is not: AVX2 without FMA (some early ones), FMA without AVX2, and
-    // AVX-512 with either missing.
+    // Processors this machine is not: AVX2 without FMA (a virtual machine may hide FMA), FMA
+    // without AVX2, and AVX-512 with either missing.
     using qrv::batch::widestOf;
     for (bool avx2 : {false, true}) {
         for (bool fma : {false, true})

@@ -97,6 +97,10 @@ void HDF5Faults::watchOpenObjects() {
     peaks() = Peaks{true, 0, 0};
 }
 
+void HDF5Faults::stopWatching() {
+    peaks().Watching = false;
+}
+
 long HDF5Faults::peakOpenGroups() {
     return peaks().Groups;
 }

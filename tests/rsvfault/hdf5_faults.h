@@ -38,6 +38,7 @@ public:
     // each wrapped call from watchOpenObjects() on: how many handles an operation holds while it
     // works.
     static void watchOpenObjects();
+    static void stopWatching();
     static long peakOpenGroups();
     static long peakOpenDatasets();
 

@@ -63,13 +63,15 @@ TEST_F(MetadataCacheTest, AHostThatOpensTheFileLaterGetsTheDefaultBackWhenTheSto
     ASSERT_TRUE(manipulator->AddMaterial(material.get(), "a", kRun1Plastic));
     hid_t host = H5Fopen(file.c_str(), H5F_ACC_RDWR, H5P_DEFAULT);
     ASSERT_GE(host, 0);
-    // Meanwhile the file's one cache is the store's small one: 64 KiB, fixed, the size that
-    // metadata_cache.h measured as the fastest for the store's one-pass use.
+    // Meanwhile the file's one cache is the store's small one, of a fixed size (which size is a
+    // matter of speed alone).
     const H5AC_cache_config_t during = cacheConfig(host);
     EXPECT_LT(during.max_size, defaults.max_size);
-    EXPECT_EQ(during.max_size, size_t{65536});
-    EXPECT_EQ(during.min_size, size_t{65536});
-    EXPECT_EQ(during.initial_size, size_t{65536});
+    EXPECT_EQ(during.min_size, during.max_size);
+    EXPECT_EQ(during.initial_size, during.max_size);
+    EXPECT_EQ(during.incr_mode, H5C_incr__off);
+    EXPECT_EQ(during.flash_incr_mode, H5C_flash_incr__off);
+    EXPECT_EQ(during.decr_mode, H5C_decr__off);
     manipulator.reset();
     const H5AC_cache_config_t after = cacheConfig(host);
     EXPECT_EQ(after.max_size, defaults.max_size);
