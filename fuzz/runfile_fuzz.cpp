@@ -232,6 +232,7 @@ public:
         QrvMaterial* second = Run.GetMaterial(Stored++);
         if (!second) qrvfuzz::differs("store", "the stored material does not read");
         // The record stays the manipulator's: the next AddMaterial or its end frees it.
+
         // A run file stores measured data only when it has curves.
         qrvfuzz::Compared parts;
         parts.NoCurvesIsNone = true;
@@ -239,6 +240,7 @@ public:
     }
 
 private:
+    // The file of the input before is removed first, so that every input starts a new one.
     static const char* freshPath() {
         static const std::string path = qrvfuzz::folder() + "again.rsv";
         std::remove(path.c_str());

@@ -13,6 +13,7 @@
 #include <cstdint>
 #include <cstring>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -113,6 +114,20 @@ public:
         H5Sclose(s);
         H5Dclose(d);
         return dims;
+    }
+
+    // A dataset's element type as HDF5 describes it: class, size in bytes and, for an integer,
+    // its sign (H5T_SGN_ERROR otherwise, and for a dataset that is missing).
+    std::tuple<H5T_class_t, size_t, H5T_sign_t> elementType(const std::string& dataset) const {
+        hid_t d = H5Dopen2(id_, dataset.c_str(), H5P_DEFAULT);
+        if (d < 0) return {H5T_NO_CLASS, 0, H5T_SGN_ERROR};
+        hid_t type = H5Dget_type(d);
+        const H5T_class_t kind = H5Tget_class(type);
+        const auto result = std::make_tuple(
+            kind, H5Tget_size(type), kind == H5T_INTEGER ? H5Tget_sign(type) : H5T_SGN_ERROR);
+        H5Tclose(type);
+        H5Dclose(d);
+        return result;
     }
 
     int intAttribute(const std::string& object, const std::string& name) const {

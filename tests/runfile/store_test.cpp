@@ -225,20 +225,12 @@ TEST_F(StoreTest, ElementCodeThreeMakesInt32AndEightMakesDoubleInTheFile) {
     {
         qrvtest::RawFile raw(file);
         ASSERT_GE(raw.id(), 0);
-        const auto typeOf = [&](const char* name) {
-            const std::string path = std::string("/Vantrell/Run1/Material/") + name;
-            hid_t set = H5Dopen2(raw.id(), path.c_str(), H5P_DEFAULT);
-            EXPECT_GE(set, 0) << path;
-            hid_t type = H5Dget_type(set);
-            const auto kind = std::make_tuple(
-                H5Tget_class(type), H5Tget_size(type),
-                H5Tget_class(type) == H5T_INTEGER ? H5Tget_sign(type) : H5T_SGN_ERROR);
-            H5Tclose(type);
-            H5Dclose(set);
-            return kind;
-        };
-        EXPECT_EQ(typeOf("Three"), std::make_tuple(H5T_INTEGER, size_t{4}, H5T_SGN_2));
-        EXPECT_EQ(typeOf("Eight"), std::make_tuple(H5T_FLOAT, size_t{8}, H5T_SGN_ERROR));
+        EXPECT_EQ(raw.elementType("/Vantrell/Run1/Material/Three"),
+                  std::make_tuple(H5T_INTEGER, size_t{4}, H5T_SGN_2));
+        EXPECT_EQ(raw.elementType("/Vantrell/Run1/Material/Eight"),
+                  std::make_tuple(H5T_FLOAT, size_t{8}, H5T_SGN_ERROR));
+        EXPECT_EQ(raw.dimensions("/Vantrell/Run1/Material/Three"), (std::vector<hsize_t>{1, 2}));
+        EXPECT_EQ(raw.dimensions("/Vantrell/Run1/Material/Eight"), (std::vector<hsize_t>{2, 1}));
     }
 
     ASSERT_EQ(tool.Open(file), 0);
